@@ -1,0 +1,127 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string_view>
+
+#include "VKT/BodyTable.h"
+#include "VKT/Fn.h"
+#include "VKT/Lists.h"
+#include "VKT/NodeProperties.h"
+
+namespace VKT {
+
+class XFileIO;
+class XModel;
+class XTextReader;
+class XTextWriter;
+
+// The nodes of a document by name. Equal names keep their order of arrival. The key
+// looks into the node's own name.
+using XNameMap = std::multimap<std::string_view, XBase*>;
+
+// The root of all node classes: identity, owning document, and the protocol through
+// which the document creates, reads, writes, copies, links and deletes a node without
+// knowing its class.
+//
+// A node is made by its document (`XModel::CreateNode`) or by a loader and belongs to
+// the document. Nodes name each other by id, never by pointer; 0 means none. An
+// override of a chained operation calls its base class first.
+class XBase {
+public:
+    static constexpr u32 kType = kFnBase;
+
+    explicit XBase(XModel* model);
+    virtual ~XBase();
+    XBase(const XBase&) = delete;
+    XBase& operator=(const XBase&) = delete;
+
+    // The property object of the class: one for all its nodes.
+    virtual const XNodeProperties* GetNodeProperties() const { return ClassProperties(); }
+    // The exact type id of the most derived class.
+    virtual u32 GetApiType() const { return kType; }
+    // The library's run-time cast: the node itself when `type` is the id of its class
+    // or of any class on the way up to `XBase` (0), else null. See `XCast`.
+    virtual const XBase* HasFn(u32 type) const { return type == kType ? this : nullptr; }
+    virtual XBase* HasFn(u32 type) { return type == kType ? this : nullptr; }
+    // Bytes of the whole binary chunk, its 8-byte header included, as a save under the
+    // document's flags would write it. Changes nothing on the node.
+    virtual u32 GetDataSize() const;
+    // Drops every reference to the dying node `id`. False tells the document that this
+    // node has no reason to live on.
+    virtual bool NodeDeath(u32 id);
+    // Adds the ids of the nodes that must go along with this one, as the document's
+    // delete flags say.
+    virtual void PreDelete(std::set<u32>& ids);
+    // Reads or writes the body of the binary chunk. False after a logged failure.
+    virtual bool DoData(XFileIO& file);
+    // Takes over the fields of `source`, a node of a compatible class.
+    virtual void DoCopy(const XBase* source);
+    // Writes and reads the class's own lines between header and trailer of a text chunk.
+    virtual bool WriteChunk(XTextWriter& out) const;
+    virtual bool ReadChunk(XTextReader& in);
+    // Called on every node, in name order, once the whole file is read.
+    virtual void PostLoad() {}
+
+    u32 GetID() const { return m_ID; }
+    const char* GetName() const { return m_Name.c_str(); }
+    // Asks the document for this name, made unique there.
+    void SetName(const char* name);
+    XModel* GetModel() const { return m_Model; }
+    // Whether the document still holds `node`, or a node of id `id`.
+    bool IsValid(const XBase* node) const;
+    bool IsValidId(u32 id) const;
+    // A new node of the same class in the same document, with a name made unique and
+    // the fields of this one, as far as the document's copy flags reach. Null when the
+    // type cannot be created.
+    XBase* Clone() const;
+
+    // The whole text chunk: header, body, trailer. A node of id 0 writes nothing and
+    // answers false.
+    bool Write(XTextWriter& out) const;
+    // The mirror of `Write`; chunk key and name have been consumed.
+    bool Read(XTextReader& in);
+    // The 8-byte header of the binary chunk.
+    bool DoHeader(XFileIO& file);
+
+    // The four operations of the property object that callers use most.
+    XString GetPropertyName(u32 property) const { return GetNodeProperties()->GetPropertyName(property); }
+    XPropertyType GetPropertyType(u32 property) const { return GetNodeProperties()->GetPropertyType(property); }
+    u32 GetPropertyId(const char* name) const { return GetNodeProperties()->GetPropertyId(name); }
+    bool IsPropertyAnimated(u32 property) const
+    {
+        return (GetNodeProperties()->GetPropertyFlags(property) & kAnimatable) != 0;
+    }
+
+    // What a class stores, as data; see BodyTable.h. A class without fields of its own
+    // inherits these and adds nothing.
+    static XBodyTable TextBody() { return {}; }
+    static XBodyTable BinaryBody() { return {}; }
+    static XPropertyTable Properties() { return {}; }
+    static const XNodeProperties* ClassProperties() { return XNodeProperties::Empty(); }
+
+private:
+    friend class XModel;
+
+    bool WriteHeader(XTextWriter& out) const;
+    bool ReadHeader(XTextReader& in);
+    bool ReadTrailer(XTextReader& in);
+
+    u32 m_ID = 0;
+    XString m_Name;
+    XModel* m_Model;
+    XNameMap::iterator m_NameEntry;  // in the document; its end while it does not hold the node
+};
+
+// `node` as a `T`, or null when it is null or of another class.
+template <class T> T* XCast(XBase* node)
+{
+    return node ? static_cast<T*>(node->HasFn(T::kType)) : nullptr;
+}
+template <class T> const T* XCast(const XBase* node)
+{
+    return node ? static_cast<const T*>(node->HasFn(T::kType)) : nullptr;
+}
+
+}  // namespace VKT

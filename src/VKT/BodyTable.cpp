@@ -1,0 +1,261 @@
+#include "VKT/BodyTable.h"
+
+#include "VKT/FileIO.h"
+#include "VKT/Model.h"
+#include "VKT/TextSyntax.h"
+
+namespace VKT {
+namespace {
+
+bool IsInFile(const XBodyRow& row, u32 version, bool reading)
+{
+    switch (row.gate) {
+        case XGate::kAlways: return true;
+        case XGate::kSince: return version >= row.version;
+        case XGate::kReadSince: return !reading || version >= row.version;
+    }
+    return true;
+}
+
+void Write(XTextWriter& out, const XVector3& v)
+{
+    out << v.x << ' ' << v.y << ' ' << v.z;
+}
+
+void Write(XTextWriter& out, const XQuaternion& q)
+{
+    out << q.x << ' ' << q.y << ' ' << q.z << ' ' << q.w;
+}
+
+void Write(XTextWriter& out, const XColour& c)
+{
+    out << c.r << ' ' << c.g << ' ' << c.b << ' ' << c.a;
+}
+
+// One visitor per direction. `At` is the member of the node at hand.
+struct TextWriting {
+    const XBase& node;
+    const XBodyRow& row;
+    XTextWriter& out;
+
+    template <class T> void operator()(T XBase::*member) const
+    {
+        out << row.before;
+        Write(node.*member);
+        out << row.after;
+    }
+    void operator()(XMatrix XBase::*member) const
+    {
+        out << row.before;
+        out.WriteRows(std::span<const f32>((node.*member).m), 4, {"\t\t"});
+    }
+    void operator()(XShaderInput XBase::*member) const
+    {
+        const XShaderInput& input = node.*member;
+        out << '\t' << input.name << ' ';
+        VKT::Write(out, input.colour);
+        out << " input " << input.input << '\n';
+    }
+    void operator()(XStoredNode stored) const { (*this)(stored.member); }
+    void operator()(XStoredThree stored) const
+    {
+        const XColour& c = node.*stored.member;
+        out << row.before << c.r << ' ' << c.g << ' ' << c.b << row.after;
+    }
+    void operator()(XStoredInputId stored) const
+    {
+        const XShaderInput& input = node.*stored.member;
+        out << '\t' << input.name << ' ' << input.input << '\n';
+    }
+    void operator()(XStoredText stored) const
+    {
+        out << row.before;
+        stored.write(node, out);
+    }
+    void operator()(XStoredOldInput) const {}  // old bodies are only read
+    void operator()(XDroppedFloat) const {}
+
+private:
+    template <class T> void Write(const T& value) const
+    {
+        if constexpr (std::is_arithmetic_v<T>)
+            out << value;
+        else
+            VKT::Write(out, value);
+    }
+    void Write(const XLimitPair& limits) const
+    {
+        XWriteLimit(out, limits.lower);
+        out << ' ';
+        XWriteLimit(out, limits.upper);
+    }
+    // The ids with single blanks between them and none at the end.
+    void Write(const XIndexList& ids) const
+    {
+        out << static_cast<u32>(ids.size()) << ' ';
+        out.WriteRow(ids, {"", false, ""});
+    }
+};
+
+struct TextReading {
+    XBase& node;
+    const XBodyRow& row;
+    XTextReader& in;
+    const char* source;
+    int line;
+
+    template <class T> bool operator()(T XBase::*member) const { return ReadKey() && Read(node.*member); }
+    bool operator()(XShaderInput XBase::*member) const
+    {
+        XShaderInput& input = node.*member;
+        return Expect(input.name, in, source, line) && Read(input.colour) &&
+               Expect("input", in, source, line) && Read(input.input);
+    }
+    bool operator()(XStoredNode stored) const { return (*this)(stored.member); }
+    bool operator()(XStoredThree stored) const
+    {
+        XColour& c = node.*stored.member;
+        return ReadKey() && Read(c.r) && Read(c.g) && Read(c.b);
+    }
+    bool operator()(XStoredInputId stored) const
+    {
+        XShaderInput& input = node.*stored.member;
+        return Expect(input.name, in, source, line) && Read(input.input);
+    }
+    bool operator()(XStoredOldInput stored) const
+    {
+        XShaderInput dropped("");
+        XShaderInput& input = stored.member ? node.*stored.member : dropped;
+        return ReadKey() && Read(input.colour) && Expect("tex", in, source, line) && Read(input.input);
+    }
+    bool operator()(XDroppedFloat) const
+    {
+        f32 dropped = 0;
+        return ReadKey() && Read(dropped);
+    }
+    bool operator()(XStoredText stored) const { return ReadKey() && stored.read(node, in); }
+
+private:
+    // A number that fails to come is seen at the next key.
+    template <class T> bool Read(T& value) const
+    {
+        if constexpr (std::is_arithmetic_v<T>)
+            in.Read(value);
+        else
+            ReadFloats(value);
+        return true;
+    }
+    void ReadFloats(XVector3& v) const
+    {
+        in.Read(v.x);
+        in.Read(v.y);
+        in.Read(v.z);
+        v.w = 0;
+    }
+    void ReadFloats(XQuaternion& q) const { in.ReadArray(&q.x, 4); }
+    void ReadFloats(XColour& c) const { in.ReadArray(&c.r, 4); }
+    void ReadFloats(XMatrix& m) const { in.ReadArray(m.m, 16); }
+    bool Read(XLimitPair& limits) const
+    {
+        limits.lower = XReadLowerLimit(in);
+        limits.upper = XReadUpperLimit(in);
+        return true;
+    }
+    bool Read(XIndexList& ids) const
+    {
+        u32 count = 0;
+        in.Read(count);
+        in.ReadNumbers(ids, count);
+        return true;
+    }
+    bool ReadKey() const { return row.key.empty() || Expect(row.key, in, source, line); }
+};
+
+struct BinaryTransfer {
+    XBase& node;
+    const XBodyRow& row;
+    XFileIO& file;
+
+    template <class T> bool operator()(T XBase::*member) const { return file.DoData(node.*member) != 0; }
+    bool operator()(XLimitPair XBase::*member) const { return file.DoData(&(node.*member).lower, 2) != 0; }
+    bool operator()(XShaderInput XBase::*member) const { return DoInput(node.*member); }
+    bool operator()(XStoredNode stored) const { return (*this)(stored.member); }
+    bool operator()(XStoredThree stored) const { return file.DoData(&(node.*stored.member).r, 3) != 0; }
+    bool operator()(XStoredInputId stored) const { return file.DoData((node.*stored.member).input) != 0; }
+    bool operator()(XStoredOldInput stored) const
+    {
+        XShaderInput dropped("");
+        XShaderInput& input = stored.member ? node.*stored.member : dropped;
+        if (!DoInput(input) || input.name != row.key)
+            return false;  // a file that spells the name otherwise is refused in silence
+        if (stored.member)
+            input.name = stored.name;
+        return true;
+    }
+    bool operator()(XDroppedFloat) const
+    {
+        f32 dropped = 0;
+        return file.DoData(dropped) != 0;
+    }
+    bool operator()(XStoredText) const { return true; }  // binary tables have other rows
+
+private:
+    bool DoInput(XShaderInput& input) const
+    {
+        return file.DoData(input.input) && file.DoData(input.colour) && file.DoData(input.name);
+    }
+};
+
+struct Copying {
+    XBase& target;
+    const XBase& source;
+
+    template <class T> void operator()(T XBase::*member) const { target.*member = source.*member; }
+    void operator()(XStoredNode stored) const { (*this)(stored.member); }
+    void operator()(XStoredThree stored) const { (*this)(stored.member); }
+    void operator()(XStoredInputId stored) const { (*this)(stored.member); }
+    void operator()(XStoredOldInput) const {}
+    void operator()(XDroppedFloat) const {}
+    void operator()(XStoredText) const {}
+};
+
+}  // namespace
+
+bool WriteTextBody(const XBase& node, const XBodyTable& table, XTextWriter& out)
+{
+    for (const XBodyRow& row : table.rows)
+        std::visit(TextWriting{node, row, out}, row.stored);
+    return out.IsGood();
+}
+
+bool ReadTextBody(XBase& node, const XBodyTable& table, XTextReader& in)
+{
+    const u32 version = node.GetModel()->GetVersion();
+    int line = 0;
+    for (const XBodyRow& row : table.rows) {
+        ++line;
+        if (IsInFile(row, version, true) &&
+            !std::visit(TextReading{node, row, in, table.source, line}, row.stored))
+            return false;
+    }
+    return in.IsGood();
+}
+
+bool DoBinaryBody(XBase& node, const XBodyTable& table, XFileIO& file)
+{
+    // A measure is that of a save, which always writes the current version.
+    const u32 version = file.IsMeasuring() ? XModel::kCurrentVersion : node.GetModel()->GetVersion();
+    for (const XBodyRow& row : table.rows)
+        if (IsInFile(row, version, file.IsReading()) &&
+            !std::visit(BinaryTransfer{node, row, file}, row.stored))
+            return false;
+    return true;
+}
+
+void CopyBody(XBase& target, const XBase& source, const XBodyTable& table)
+{
+    for (const XBodyRow& row : table.rows)
+        std::visit(Copying{target, source}, row.stored);
+}
+
+}  // namespace VKT

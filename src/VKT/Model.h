@@ -1,0 +1,160 @@
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+#include <unordered_map>
+
+#include "VKT/Base.h"
+#include "VKT/FileResult.h"
+#include "VKT/FlagStack.h"
+#include "VKT/IdMap.h"
+#include "VKT/Image.h"
+#include "VKT/Info.h"
+#include "VKT/Instance.h"
+
+namespace VKT {
+
+class XShape;
+
+// The document: the single owner of all nodes of one scene. It creates nodes, gives
+// them ids and unique names, finds them, keeps the instances that hang shapes under
+// bones, and reads and writes itself as a text or a binary file.
+//
+// One document is used by one caller at a time. Several live side by side; they share
+// the type registry alone.
+class XModel {
+public:
+    // The file version that `Save` writes and that this library reads up to.
+    static constexpr u32 kCurrentVersion = 4;
+
+    XModel();
+    virtual ~XModel();
+    // Deletes all nodes, instances and the file information, and starts counting ids
+    // anew. The flags stay.
+    virtual void Clear();
+    XModel(const XModel&) = delete;
+    XModel& operator=(const XModel&) = delete;
+
+    // A new node of the type, with the next id and the first free name of `node1`,
+    // `node2`, ... Null, with a logged error, when the type is abstract or unknown.
+    XBase* CreateNode(u32 type);
+    // The same by class: `model.CreateNode<XBone>()`.
+    template <class T> T* CreateNode() { return XCast<T>(CreateNode(T::kType)); }
+
+    // The node of that id or name, or null; nothing is logged. With equal names the
+    // first in order.
+    XBase* FindNode(u32 id) const { return m_NodesById.Find(id); }
+    XBase* FindNode(std::string_view name) const;
+    bool HasNode(u32 id) const { return FindNode(id) != nullptr; }
+    // Whether the pointer is among the document's nodes. Any pointer may be asked about,
+    // also one whose node is gone, so this is a linear scan.
+    bool IsValid(const XBase* node) const;
+    // The same for a node that is known to live, in constant time.
+    bool Holds(const XBase& node) const { return node.m_Model == this && node.m_NameEntry != m_Nodes.end(); }
+
+    // Fills `out` with the nodes of a class and its subclasses, or of exactly that
+    // class, in name order. Answers whether there are any.
+    bool List(XNodeList& out, u32 type, bool exact = false) const;
+    // Fills `out` with the bones without a parent, in name order.
+    bool ListRootBones(XBoneList& out) const;
+    const XNameMap& GetNodes() const { return m_Nodes; }
+
+    // Gives the node the requested name, blanks and tabs replaced by `_`, with a number
+    // behind it when another node has it; the node's own present name counts as taken.
+    // Answers the name that it got, empty for a null node.
+    XString SetName(XBase* node, std::string_view requested);
+
+    // Hangs the shape under the bone, once: a second call answers the same instance.
+    XInstance* CreateInstance(XBone* bone, XShape* shape);
+    // Removes an instance from the document and from its bone's list. False when there
+    // is none of that id.
+    bool DeleteInstance(u32 id);
+    XInstance* FindInstance(u32 id) const;
+    // The instance of `shape` under `bone`, or null.
+    XInstance* FindInstance(const XBone& bone, const XShape& shape) const;
+    bool ListInstances(XInstanceList& out) const;
+    // Ids of the instances that show the shape, in the document's order.
+    void ListInstancesOf(u32 shape, XIndexList& ids) const;
+
+    // Builds the current matrices of all bones that are reached from a root.
+    void UpdateWorldMatrices();
+
+    // Replaces the document by the content of a file; with `loadCycles` false animation
+    // cycles are skipped. After a failure the document holds what was read before it.
+    XFileResult Load(const char* path, bool loadCycles = true);
+    // Writes the document in the form that `SaveAscii` of the save flags asks for. The
+    // version becomes 4.
+    XFileResult Save(const char* path);
+    // The text form over standard streams; `path` is where side files are looked for.
+    XFileResult Load(std::istream& in, const char* path, bool loadCycles = true);
+    XFileResult Save(std::ostream& out);
+
+    // 4 in a new document and before every save, after a load that of the file.
+    u32 GetVersion() const { return m_Version; }
+    // Chunks that the last load could not use and skipped.
+    u32 GetNumDroppedChunks() const { return m_DroppedChunks; }
+    XFlagStack& GetCopyFlags() { return m_CopyFlags; }
+    XFlagStack& GetDeleteFlags() { return m_DeleteFlags; }
+    XFlagStack& GetSaveFlags() { return m_SaveFlags; }
+    // The image table, in the order of the file.
+    const XVector<std::unique_ptr<XImage>>& GetImages() const { return m_Images; }
+    // File information, null when there is none. The document owns it.
+    XInfo* GetInfo() const { return m_Info.get(); }
+    void SetInfo(std::unique_ptr<XInfo> info) { m_Info = std::move(info); }
+
+private:
+    friend class XBase;  // starts outside of m_Nodes
+    friend class XBone;  // instances that a bone reads
+
+    u32 NextId();
+    void Enter(std::unique_ptr<XBase> node, std::string_view name);
+    XString FirstFreeName(std::string_view stem);
+    void ForgetNumber(const XString& name);
+    XInstance* AddInstance(std::unique_ptr<XInstance> instance);
+    XVector<std::unique_ptr<XInstance>>::const_iterator PlaceOf(u32 id) const;
+
+    // ModelLoad.cpp, ModelSave.cpp
+    XFileResult CheckHeader(std::string_view header, const char* path);
+    void PostLoad();
+    void RenewLastId();
+    void Abandon(XBase& node);
+    void ListForSave(XNodeList& out) const;
+    bool CanSaveAsText() const;
+    // ModelText.cpp
+    XFileResult LoadAscii(const char* path, bool loadCycles);
+    XFileResult LoadAsciiStream(XTextReader& in, const char* path, bool loadCycles);
+    XFileResult ReadTextChunks(XTextReader& in, bool loadCycles);
+    XFileResult ReadTextChunk(XTextReader& in, const XString& key, const XString& name, bool loadCycles);
+    XFileResult SkipTextChunk(XTextReader& in, const XString& key, const XString& name);
+    XFileResult SaveAscii(XTextWriter& out);
+    // ModelBinary.cpp
+    struct BinaryChunk;
+    XFileResult LoadBin(const char* path, bool loadCycles);
+    bool UseBinaryChunk(XFileIO& file, const BinaryChunk& chunk, bool loadCycles);
+    bool DoImages(XFileIO& file);
+    XFileResult SaveBinary(XFileIO& file);
+
+    u32 m_Version = kCurrentVersion;
+    std::unique_ptr<XInfo> m_Info;
+    XVector<std::unique_ptr<XImage>> m_Images;
+    XVector<std::unique_ptr<XInstance>> m_Instances;  // by ascending id
+    XNameMap m_Nodes;
+    XIdMap m_NodesById;
+    u32 m_LastInstanceId = 0;
+    u32 m_LastId = 0;
+    XFlagStack m_CopyFlags{127};
+    XFlagStack m_ReservedFlags1{1};
+    XFlagStack m_DeleteFlags{0xFFFFFFFF};
+    XFlagStack m_SaveFlags{511};
+    XFlagStack m_ReservedFlags2{127};
+
+    u32 m_DroppedChunks = 0;
+    // Instances by (bone, shape), and for each shape in the document's order, so that
+    // neither hanging nor linking a shape walks a list.
+    std::unordered_map<u64, u32> m_InstanceByPlace;
+    std::unordered_map<u32, XIndexList> m_InstancesByShape;
+    // For stems of numbered names: the number below which all are taken.
+    std::unordered_map<XString, u32> m_NextNumber;
+};
+
+}  // namespace VKT

@@ -1,0 +1,118 @@
+#include <memory>
+
+#include "VKT/FileIO.h"
+#include "VKT/FnRegistry.h"
+#include "VKT/Model.h"
+
+// The binary form of a document.
+
+namespace VKT {
+namespace {
+
+constexpr std::size_t kHeaderSize = 24;
+constexpr i64 kChunkHeaderSize = 8;
+
+}  // namespace
+
+struct XModel::BinaryChunk {
+    u16 type = 0;
+    u8 hasExtraAttributes = 0;
+    u8 reserved = 0;
+    u32 size = 0;  // header included
+
+    bool Read(XFileIO& file)
+    {
+        return file.DoData(type) && file.DoData(hasExtraAttributes) && file.DoData(reserved) && file.DoData(size);
+    }
+};
+
+XFileResult XModel::LoadBin(const char* path, bool loadCycles)
+{
+    XFileIO file(path, true);
+    if (!file.GetFile()) {
+        GetLogger()->LogFormat(kInfo, "file \"%s\" failed to open", path);
+        return FileOpenFailed;
+    }
+    u8 header[kHeaderSize];
+    file.DoData(header, kHeaderSize);
+    if (!DoImages(file))
+        GetLogger()->Log(kError, "could not load the textures");
+
+    // The walk goes by the sizes that the chunks claim, not by the bytes they take.
+    i64 remaining = static_cast<i64>(file.Remaining());
+    while (remaining >= 1) {
+        BinaryChunk chunk;
+        if (!chunk.Read(file))
+            return FileCorrupt;
+        if (file.IsAtEnd() || chunk.type == 0)
+            break;
+        const i64 body = file.Position();
+        if (!UseBinaryChunk(file, chunk, loadCycles)) {
+            ++m_DroppedChunks;
+            if (chunk.size == 0) {
+                GetLogger()->Log(kError, "XModel::LoadBin : header byte size 0");
+                return FileCorrupt;
+            }
+            file.Skip(body - file.Position() + chunk.size - kChunkHeaderSize);
+        }
+        remaining -= chunk.size;
+    }
+    return FileOk;
+}
+
+// A u16 count and the records. A damaged record does not stop the count: each claimed one
+// is tried while input is left.
+bool XModel::DoImages(XFileIO& file)
+{
+    u16 count = static_cast<u16>(m_Images.size());
+    if (!file.DoData(count))
+        return false;
+    if (file.IsReading())
+        for (u16 i = 0; i < count && file.Remaining() > 0; ++i)
+            m_Images.emplace_back(std::make_unique<XImage>())->DoData(file);
+    else
+        for (u16 i = 0; i < count; ++i)
+            if (!m_Images[i]->DoData(file))
+                return false;
+    return true;
+}
+
+// A chunk that can't be used costs itself alone.
+bool XModel::UseBinaryChunk(XFileIO& file, const BinaryChunk& chunk, bool)
+{
+    if (chunk.type == kChunkInfo) {
+        m_Info = std::make_unique<XInfo>();
+        if (m_Info->DoData(file))
+            return true;
+        m_Info.reset();
+        return false;
+    }
+    std::unique_ptr<XBase> node(XFnCreate(chunk.type, this));
+    if (!node)
+        return false;
+    if (!node->DoData(file)) {
+        Abandon(*node);
+        return false;
+    }
+    const XString name = node->m_Name;
+    Enter(std::move(node), name);
+    return true;
+}
+
+XFileResult XModel::SaveBinary(XFileIO& file)
+{
+    XString header = "|VKT_004B#" + XFileHeaderTail();
+    header.resize(kHeaderSize);
+    if (!file.DoData(reinterpret_cast<u8*>(header.data()), kHeaderSize) || !DoImages(file))
+        return FileCorrupt;
+    if (m_Info && !m_Info->DoData(file))
+        return FileCorrupt;
+    XNodeList nodes;
+    ListForSave(nodes);
+    for (XBase* node : nodes)
+        if (!node->DoHeader(file) || !node->DoData(file))
+            return FileCorrupt;
+    return file.Close() ? FileOk : FileCorrupt;
+}
+
+}  // namespace VKT

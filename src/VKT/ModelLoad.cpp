@@ -1,0 +1,132 @@
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <new>
+
+#include "VKT/Bone.h"
+#include "VKT/FnRegistry.h"
+#include "VKT/Model.h"
+#include "VKT/TextReader.h"
+
+// What both forms of a file share: the header, the version rule, and what is done after
+// the last chunk.
+
+namespace VKT {
+namespace {
+
+constexpr std::string_view kFormatMark = "|VKT_";
+
+// Three digits at offset 5 of the header.
+u32 VersionOf(std::string_view header)
+{
+    u32 version = 0;
+    for (std::size_t i = 5; i < 8 && i < header.size() && header[i] >= '0' && header[i] <= '9'; ++i)
+        version = 10 * version + static_cast<u32>(header[i] - '0');
+    return version;
+}
+
+}  // namespace
+
+XFileResult XModel::Load(const char* path, bool loadCycles)
+{
+    try {
+        Clear();
+        m_DroppedChunks = 0;
+        GetLogger()->LogFormat(kInfo, "loading \"%s\"", path);
+        const XString extension = LowerCaseExtension(path);
+        XFileResult result = FileNotVkt;
+        if (extension == "xld" || extension == "vkt") {
+            char header[26] = "";
+            std::FILE* const file = std::fopen(path, "rb");
+            if (!file)
+                return FileOpenFailed;
+            const std::size_t length = std::fread(header, 1, 25, file);
+            std::fclose(file);
+            result = CheckHeader({header, length}, path);
+            if (result != FileOk)
+                return result;
+            result = header[8] == 'A' ? LoadAscii(path, loadCycles) : LoadBin(path, loadCycles);
+            PostLoad();
+        } else if (XTranslatorLoad(path, this)) {
+            result = FileOk;
+            PostLoad();
+        }
+        RenewLastId();
+        return result;
+    } catch (const std::exception& error) {
+        GetLogger()->LogFormat(kError, "loading \"%s\" failed: %s", path, error.what());
+        return FileCorrupt;
+    }
+}
+
+XFileResult XModel::Load(std::istream& in, const char* path, bool loadCycles)
+{
+    try {
+        Clear();
+        m_DroppedChunks = 0;
+        XTextReader reader(in);
+        const XFileResult result = LoadAsciiStream(reader, path, loadCycles);
+        if (result == FileOk || result == FileCorrupt) {
+            PostLoad();
+            RenewLastId();
+        }
+        return result;
+    } catch (const std::exception& error) {
+        GetLogger()->LogFormat(kError, "loading \"%s\" failed: %s", path, error.what());
+        return FileCorrupt;
+    }
+}
+
+XFileResult XModel::CheckHeader(std::string_view header, const char* path)
+{
+    if (!header.starts_with(kFormatMark)) {
+        GetLogger()->LogFormat(kError, "File is \"%s\" is not an vkt file", path);
+        return FileNotVkt;
+    }
+    const u32 version = VersionOf(header);
+    if (version > kCurrentVersion) {
+        GetLogger()->LogFormat(kError, "opening file: file version %d is newer than vkt version %d", version,
+                               kCurrentVersion);
+        return FileTooNew;
+    }
+    if (version < kCurrentVersion)
+        GetLogger()->LogFormat(kWarning,
+                               "File is from an older vkt version. If saved it will be unreadable by versions of "
+                               "vkt older than version %d",
+                               kCurrentVersion);
+    m_Version = version;
+    return FileOk;
+}
+
+// Files hold bind poses alone: they become the current pose too, and the matrices of
+// both are built from it. Only that pass over the matrices counts; one ahead of the
+// nodes' own `PostLoad`, over poses that nobody has set yet, would be overwritten.
+void XModel::PostLoad()
+{
+    for (const auto& [name, node] : m_Nodes)
+        node->PostLoad();
+    for (const auto& [name, node] : m_Nodes)
+        if (XBone* bone = XCast<XBone>(node))
+            bone->CopyBindToCurrent();
+    UpdateWorldMatrices();
+    for (const auto& [name, node] : m_Nodes)
+        if (XBone* bone = XCast<XBone>(node))
+            bone->CopyMatricesToBind();
+}
+
+// A node that could not be read to its end leaves no instances behind.
+void XModel::Abandon(XBase& node)
+{
+    if (XBone* bone = XCast<XBone>(&node))
+        for (const u32 id : XIndexList(bone->GetInstanceIds()))
+            DeleteInstance(id);
+}
+
+void XModel::RenewLastId()
+{
+    m_LastId = 0;
+    for (const auto& [name, node] : m_Nodes)
+        m_LastId = std::max(m_LastId, node->GetID());
+}
+
+}  // namespace VKT

@@ -1,0 +1,111 @@
+#include <cstdio>
+#include <memory>
+
+#include "VKT/FnRegistry.h"
+#include "VKT/Model.h"
+#include "VKT/NodeName.h"
+#include "VKT/TextReader.h"
+#include "VKT/TextWriter.h"
+
+// The text form of a document.
+
+namespace VKT {
+
+XFileResult XModel::LoadAscii(const char* path, bool loadCycles)
+{
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path, "rb"), &std::fclose);
+    if (!file) {
+        GetLogger()->LogFormat(kInfo, "file \"%s\" failed to open", path);
+        return FileOpenFailed;
+    }
+    std::setvbuf(file.get(), nullptr, _IONBF, 0);  // the reader has a window of its own
+    XTextReader in(file.get());
+    XString header;
+    in.ReadToken(header);  // checked by `Load`
+    return ReadTextChunks(in, loadCycles);
+}
+
+XFileResult XModel::LoadAsciiStream(XTextReader& in, const char* path, bool loadCycles)
+{
+    XString header;
+    in.ReadToken(header);
+    const XFileResult result = CheckHeader(header, path);
+    if (result != FileOk)
+        return result;
+    if (header.size() < 9 || header[8] != 'A') {
+        GetLogger()->LogFormat(kError, "File is \"%s\" is not an ascii vkt file", path);
+        return FileNotVkt;
+    }
+    return in.HasFailed() ? FileOpenFailed : ReadTextChunks(in, loadCycles);
+}
+
+XFileResult XModel::ReadTextChunks(XTextReader& in, bool loadCycles)
+{
+    XString key;
+    XString name;
+    for (;;) {
+        in.ReadToken(key);
+        if (in.IsAtEnd())
+            return FileOk;
+        in.ReadToken(name);
+        if (in.IsAtEnd())
+            return FileOk;
+        const XFileResult result = ReadTextChunk(in, key, CleanName(name), loadCycles);
+        if (result != FileOk || in.IsAtEnd())
+            return result;
+    }
+}
+
+XFileResult XModel::ReadTextChunk(XTextReader& in, const XString& key, const XString& name, bool)
+{
+    if (std::unique_ptr<XBase> node{XFnCreateFromChunk(key, this)}) {
+        if (!node->Read(in)) {
+            Abandon(*node);
+            return FileCorrupt;
+        }
+        Enter(std::move(node), name);
+        return FileOk;
+    }
+    if (key == "INFO") {
+        m_Info = std::make_unique<XInfo>();
+        if (m_Info->Read(in))
+            return FileOk;
+        m_Info.reset();
+        return FileCorrupt;
+    }
+    return SkipTextChunk(in, key, name);
+}
+
+// Braces count wherever they begin a token, also inside texts.
+XFileResult XModel::SkipTextChunk(XTextReader& in, const XString& key, const XString& name)
+{
+    ++m_DroppedChunks;
+    GetLogger()->LogFormat(kWarning, "Dumping Unknown Chunk: header: %s name: %s", key.c_str(), name.c_str());
+    XString token;
+    in.ReadToken(token);
+    if (token != "{") {
+        GetLogger()->Log(kError, "Missing Bracket '{' after chunk name");
+        return FileCorrupt;
+    }
+    for (u64 depth = 1; depth > 0 && in.ReadToken(token);) {
+        if (token.starts_with('{'))
+            ++depth;
+        else if (token.starts_with('}'))
+            --depth;
+    }
+    return FileOk;
+}
+
+XFileResult XModel::SaveAscii(XTextWriter& out)
+{
+    out << "|VKT_004A#" << XFileHeaderTail() << '\n';
+    if (m_Info)
+        m_Info->Write(out);
+    XNodeList nodes;
+    ListForSave(nodes);
+    for (const XBase* node : nodes)
+        node->Write(out);
+    return out.Flush() ? FileOk : FileCorrupt;
+}
+
+}  // namespace VKT

@@ -1,0 +1,133 @@
+#pragma once
+
+#include "VKT/Base.h"
+
+namespace VKT {
+
+// Rows of property tables made from members: the accessors are generated, so that a
+// plain field needs no code.
+
+namespace Detail {
+
+template <class T> struct MemberOf;
+template <class Value, class Owner> struct MemberOf<Value Owner::*> {
+    using Type = Value;
+    using Node = Owner;
+};
+
+template <class T> constexpr XPropertyType kPropertyTypeOf = kPropertyNone;
+template <> inline constexpr XPropertyType kPropertyTypeOf<bool> = kPropertyBool;
+template <> inline constexpr XPropertyType kPropertyTypeOf<f32> = kPropertyFloat;
+template <> inline constexpr XPropertyType kPropertyTypeOf<u32> = kPropertyUnsigned;
+template <> inline constexpr XPropertyType kPropertyTypeOf<i32> = kPropertyInteger;
+template <> inline constexpr XPropertyType kPropertyTypeOf<XVector3> = kPropertyVector;
+template <> inline constexpr XPropertyType kPropertyTypeOf<XMatrix> = kPropertyMatrix;
+template <> inline constexpr XPropertyType kPropertyTypeOf<XColour> = kPropertyColour;
+template <> inline constexpr XPropertyType kPropertyTypeOf<XString> = kPropertyString;
+template <> inline constexpr XPropertyType kPropertyTypeOf<XBase*> = kPropertyNode;
+template <> inline constexpr XPropertyType kPropertyTypeOf<XQuaternion> = kPropertyQuaternion;
+template <> inline constexpr XPropertyType kPropertyTypeOf<XFloatArray> = kPropertyFloatArray;
+template <> inline constexpr XPropertyType kPropertyTypeOf<XVector3Array> = kPropertyVectorArray;
+template <> inline constexpr XPropertyType kPropertyTypeOf<XIntList> = kPropertyIntegerArray;
+template <> inline constexpr XPropertyType kPropertyTypeOf<XNodeList> = kPropertyNodeArray;
+
+// The node of that id in the document of `node`, or null.
+XBase* FindNode(const XBase& node, u32 id);
+// Whether a property of `node` that asks for `type` takes `value`, which may be null.
+bool Accepts(const XBase& node, const XBase* value, u32 type);
+
+}  // namespace Detail
+
+// The node of class `Node` that a property operation is called on; the table's engine
+// has checked the class.
+template <class Node> Node& As(XBase& node)
+{
+    return static_cast<Node&>(node);
+}
+template <class Node> const Node& As(const XBase& node)
+{
+    return static_cast<const Node&>(node);
+}
+
+// A field that is read and written as it stands.
+template <auto Member> constexpr XPropertyRow Field(u32 id, const char* name, u32 flags = 0)
+{
+    using Value = typename Detail::MemberOf<decltype(Member)>::Type;
+    using Node = typename Detail::MemberOf<decltype(Member)>::Node;
+    XPropertyAccess<Value> access;
+    access.get = [](const XBase& node, Value& value) {
+        value = As<Node>(node).*Member;
+        return true;
+    };
+    if (!(flags & kReadOnly))
+        access.set = [](XBase& node, const Value& value) {
+            As<Node>(node).*Member = value;
+            return true;
+        };
+    return {id, name, Detail::kPropertyTypeOf<Value>, flags, 0, access};
+}
+
+// A property with accessors of its own; `set` null makes it read-only.
+template <class Value>
+constexpr XPropertyRow Computed(u32 id, const char* name, u32 flags, bool (*get)(const XBase&, Value&),
+                                bool (*set)(XBase&, const Value&), u32 nodeType = 0)
+{
+    return {id, name, Detail::kPropertyTypeOf<Value>, flags, nodeType, XPropertyAccess<Value>{get, set}};
+}
+
+// A reference to another node, held as its id. It must answer to `nodeType` (0 for any)
+// and be of the same document; null clears it.
+template <auto Member, u32 NodeType> constexpr XPropertyRow NodeField(u32 id, const char* name, u32 flags = 0)
+{
+    using Node = typename Detail::MemberOf<decltype(Member)>::Node;
+    return Computed<XBase*>(
+        id, name, flags,
+        [](const XBase& node, XBase*& value) {
+            value = Detail::FindNode(node, As<Node>(node).*Member);
+            return true;
+        },
+        [](XBase& node, XBase* const& value) {
+            if (!Detail::Accepts(node, value, NodeType))
+                return false;
+            As<Node>(node).*Member = value ? value->GetID() : 0;
+            return true;
+        },
+        NodeType);
+}
+
+// The node that feeds a shader input.
+template <auto Member, u32 NodeType> constexpr XPropertyRow InputNode(u32 id, const char* name, u32 flags = 0)
+{
+    using Node = typename Detail::MemberOf<decltype(Member)>::Node;
+    return Computed<XBase*>(
+        id, name, flags,
+        [](const XBase& node, XBase*& value) {
+            value = Detail::FindNode(node, (As<Node>(node).*Member).input);
+            return true;
+        },
+        [](XBase& node, XBase* const& value) {
+            if (!Detail::Accepts(node, value, NodeType))
+                return false;
+            (As<Node>(node).*Member).input = value ? value->GetID() : 0;
+            return true;
+        },
+        NodeType);
+}
+
+// The colour of a shader input.
+template <auto Member> constexpr XPropertyRow InputColour(u32 id, const char* name, u32 flags = 0)
+{
+    using Node = typename Detail::MemberOf<decltype(Member)>::Node;
+    return Computed<XColour>(
+        id, name, flags,
+        [](const XBase& node, XColour& value) {
+            value = (As<Node>(node).*Member).colour;
+            return true;
+        },
+        [](XBase& node, const XColour& value) {
+            (As<Node>(node).*Member).colour = value;
+            return true;
+        });
+}
+
+}  // namespace VKT

@@ -1,0 +1,84 @@
+#include "VKT/Bone.h"
+#include "VKT/Deformer.h"
+#include "VKT/ExtendedLight.h"
+#include "VKT/FnRegistry.h"
+#include "VKT/Geometry.h"
+#include "VKT/Joint.h"
+#include "VKT/Lambert.h"
+#include "VKT/Light.h"
+#include "VKT/Material.h"
+#include "VKT/NonLinearDeformer.h"
+#include "VKT/NonLinearWave.h"
+#include "VKT/PolygonMesh.h"
+#include "VKT/ShadingNode.h"
+#include "VKT/Shape.h"
+#include "VKT/SpotLight.h"
+
+namespace VKT {
+namespace {
+
+// One row of the table: a class, its type name, and its chunk key, empty when abstract.
+struct TypeRow {
+    u32 type;
+    const char* typeName;
+    const char* chunkName;
+    XBase* (*create)(XModel*);
+};
+
+template <class Node> constexpr TypeRow Abstract(const char* typeName)
+{
+    return {Node::kType, typeName, "", [](XModel*) -> XBase* { return nullptr; }};
+}
+
+template <class Node> constexpr TypeRow Concrete(const char* typeName, const char* chunkName)
+{
+    return {Node::kType, typeName, chunkName, [](XModel* model) -> XBase* { return new Node(model); }};
+}
+
+// The classes in the order of their registration.
+constexpr TypeRow kTypes[] = {
+    Abstract<XBase>("base"),
+    Abstract<XDeformer>("deformer"),
+    Abstract<XNonLinearDeformer>("nonLinear"),
+    Abstract<XShadingNode>("shadingNode"),
+    Abstract<XMaterial>("material"),
+    Abstract<XShape>("shape"),
+    Abstract<XGeometry>("geometry"),
+    Abstract<XLight>("light"),
+    Abstract<XExtendedLight>("extendedLight"),
+    Concrete<XBone>("bone", "BONE"),
+    Concrete<XJoint>("joint", "JOINT"),
+    Concrete<XLambert>("lambert", "LAMBERT"),
+    Concrete<XNonLinearWave>("nonLinearWave", "NONLINEAR_WAVE"),
+    Concrete<XPolygonMesh>("polygonMesh", "POLYGON_MESH"),
+    Concrete<XSpotLight>("spotLight", "SPOT_LIGHT"),
+};
+
+class RowInfo final : public XFnInfo {
+public:
+    explicit RowInfo(const TypeRow& row) : m_Row(row) {}
+    u32 GetType() const override { return m_Row.type; }
+    XString GetTypeName() const override { return m_Row.typeName; }
+    XString GetChunkName() const override { return m_Row.chunkName; }
+    XBase* Create(XModel* model) const override { return m_Row.create(model); }
+
+private:
+    const TypeRow& m_Row;
+};
+
+}  // namespace
+
+bool XRegisterTypes(XLogger* logger)
+{
+    XFnInitialise(logger);
+    for (const TypeRow& row : kTypes) {
+        auto info = std::make_unique<RowInfo>(row);
+        if (XFnRegister(info.get()))
+            info.release();
+        else
+            GetLogger()->LogFormat(kError, "Registering failed %s", row.typeName);
+    }
+    return true;
+}
+
+}  // namespace VKT

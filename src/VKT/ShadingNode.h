@@ -1,0 +1,37 @@
+#pragma once
+
+#include "VKT/NodeClass.h"
+
+namespace VKT {
+
+// The base of materials, textures and placements: a node with colour inputs that other
+// shading nodes may feed. It knows its inputs, so that deletion needs no code per class.
+class XShadingNode : public XNodeClass<XShadingNode, XBase, kFnShadingNode> {
+public:
+    using XNodeClass::XNodeClass;
+
+    // The inputs in the order of their registration, base class first.
+    const XVector<XShaderInput*>& GetInputs() const { return m_Inputs; }
+
+    // The node that feeds an input of this node, as a shading node, or null.
+    XShadingNode* GetConnected(const XShaderInput& input) const;
+    // Lets `node` feed an input of this node. Null, and a node of another document, is
+    // refused.
+    bool Connect(XShaderInput& input, const XBase* node);
+
+    // Disconnects the inputs that the dying node feeds.
+    bool NodeDeath(u32 id) override;
+    // With `DeleteMaterials`, takes along the materials that feed only this node.
+    void PreDelete(std::set<u32>& ids) override;
+
+protected:
+    // Called by constructors for each input that is a member of the object.
+    void Register(XShaderInput& input) { m_Inputs.push_back(&input); }
+
+private:
+    u32 CountUsersOf(u32 id) const;
+
+    XVector<XShaderInput*> m_Inputs;
+};
+
+}  // namespace VKT

@@ -1,0 +1,71 @@
+#include "VKT/TextSyntax.h"
+
+#include <algorithm>
+
+#include "VKT/Logger.h"
+#include "VKT/NumberText.h"
+
+namespace VKT {
+
+bool ExpectKey(std::string_view key, XTextReader& in, XString& token)
+{
+    if (in.TakeKey(key))
+        return true;
+    in.ReadToken(token);
+    std::transform(token.begin(), token.end(), token.begin(), NumberText::ToLower);
+    return std::equal(token.begin(), token.end(), key.begin(), key.end(),
+                      [](char a, char b) { return a == NumberText::ToLower(b); });
+}
+
+bool Expect(std::string_view key, XTextReader& in, const char* source, int line)
+{
+    XString token;
+    if (ExpectKey(key, in, token))
+        return true;
+    GetLogger()->LogFormat(kError, "Expected %s got %s [%s:%d]", XString(key).c_str(), token.c_str(), source,
+                           line);
+    return false;
+}
+
+bool ReadQuoted(XTextReader& in, XString& text)
+{
+    int next = in.Get();
+    while (next == ' ' || next == '\t' || next == '\n' || next == '\r')
+        next = in.Get();
+    if (next < 0)
+        return false;
+    if (next == '"') {
+        next = in.Get();
+        if (next == '"')
+            return true;
+        text.clear();
+        for (; next >= 0 && next != '"'; next = in.Get())
+            text += static_cast<char>(next);
+        return next >= 0;
+    }
+    text = static_cast<char>(next);
+    while (next != '\t' && next != '\n' && next != '\r') {
+        text += static_cast<char>(next);
+        next = in.Get();
+        if (next < 0)
+            return false;
+        if (next == ' ')
+            return true;
+    }
+    return true;
+}
+
+bool ReadQuotedUnchecked(XTextReader& in, XString& text)
+{
+    text.clear();
+    int next = in.Get();
+    while (next == ' ' || next == '\t')
+        next = in.Get();
+    if (next < 0)
+        return false;
+    for (next = in.Get(); next >= 0 && next != '"'; next = in.Get())
+        text += static_cast<char>(next);
+    return next >= 0;
+}
+
+}  // namespace VKT

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "VKT/TextReader.h"
+
+namespace VKT {
+
+// The conventions that the text forms of all classes share: keys and quoted strings.
+
+// Reads one token and tells whether it is `key`, letters compared without regard to
+// case. On a false answer `token` holds what came instead, in lower case; it is empty
+// after a failure. Logs nothing.
+bool ExpectKey(std::string_view key, XTextReader& in, XString& token);
+
+// The same, and a token that is not the key is logged as an error with the name of the
+// source and the number of the row that wanted it:
+// "Expected near got distance [.\src\VKT\Camera:2]".
+bool Expect(std::string_view key, XTextReader& in, const char* source, int line);
+
+// Reads a string in double quotes behind any white space; it may hold line ends, and no
+// escapes. Two quotes in a row leave `text` as it was. False when the input ends first.
+//
+// Kept on purpose: a word without quotes reads with its first letter doubled, up to the
+// next white space.
+bool ReadQuoted(XTextReader& in, XString& text);
+
+// Reads a string in double quotes behind blanks and tabs. False when the input ends
+// first; `text` then holds what came.
+//
+// Kept on purpose: the opening quote is taken without a look, so a word without quotes
+// loses its first letter and swallows everything up to the next quote.
+bool ReadQuotedUnchecked(XTextReader& in, XString& text);
+
+}  // namespace VKT

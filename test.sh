@@ -1,0 +1,9 @@
+#!/usr/bin/env bash
+# Builds everything and runs the tests: ./test.sh [preset], release by default.
+set -euo pipefail
+cd "$(dirname "$0")"
+preset=${1:-release}
+scripts/setup.sh
+cmake --preset "$preset" ${VKT_CMAKE_ARGS:-} >/dev/null
+cmake --build --preset "$preset"
+ctest --preset "$preset" -j "$(nproc)"
