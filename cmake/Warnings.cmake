@@ -9,7 +9,7 @@ if(MSVC)
     endif()
 else()
     target_compile_options(vkt_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow
-        -Wnon-virtual-dtor -Woverloaded-virtual=1 -ffp-contract=off)
+        -Wnon-virtual-dtor -ffp-contract=off)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
         target_compile_options(vkt_warnings INTERFACE -Wno-overloaded-virtual)
     endif()

@@ -1,7 +1,6 @@
 #include "VKT/Bone.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 #include "VKT/Logger.h"
 #include "VKT/Model.h"
@@ -37,7 +36,7 @@ bool XBone::HasDescendant(const XBone* bone) const
 {
     if (!bone || !GetModel()->Holds(*bone) || m_Children.empty())
         return false;
-    std::unordered_set<u32> seen;
+    std::unordered_set<u32, XIdHash> seen;
     XIndexList pending = m_Children;
     while (!pending.empty()) {
         const u32 id = pending.back();
@@ -62,7 +61,9 @@ bool XBone::AddChild(XBone* child)
             child->GetName(), GetName());
         return false;
     }
-    if (IsBelow(*child)) {
+    // Nothing is below a child without children, so that long chains build from the top
+    // without a walk for each bone.
+    if (!child->m_Children.empty() && IsBelow(*child)) {
         GetLogger()->LogFormat(
             kError,
             "Cannot add \"%s\" as a child, since it is a parent of this node \"%s\" or one of it's children....",
@@ -79,7 +80,7 @@ bool XBone::AddChild(XBone* child)
 // would be quadratic.
 bool XBone::IsBelow(const XBone& bone) const
 {
-    std::unordered_set<u32> seen;
+    std::unordered_set<u32, XIdHash> seen;
     for (u32 id = m_Parent; id != 0 && seen.insert(id).second;) {
         if (id == bone.GetID())
             return true;
@@ -150,10 +151,15 @@ void XBone::UpdateWorldMatrix(const XMatrix& parent, bool recursive)
     UpdateOwnMatrices(parent);
     if (!recursive)
         return;
-    // Each step is a bone whose matrices stand and whose children are due. The edges that
-    // were walked are remembered, so that a child under two parents is visited twice and
-    // a ring ends.
-    std::unordered_set<u64> walked;
+    EdgeSet walked;
+    UpdateBelow(walked);
+}
+
+// Each step is a bone whose matrices stand and whose children are due. The edges that
+// were walked are remembered, so that a child under two parents is visited twice and a
+// ring ends.
+void XBone::UpdateBelow(EdgeSet& walked)
+{
     XVector<std::pair<XBone*, std::size_t>> pending(1, {this, 0});
     while (!pending.empty()) {
         auto& [bone, next] = pending.back();

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <unordered_set>
+
+#include "VKT/IdMap.h"
 #include "VKT/LimitPair.h"
 #include "VKT/NodeClass.h"
 
@@ -94,8 +97,6 @@ public:
     void PreDelete(std::set<u32>& ids) override;
     bool DoData(XFileIO& file) override;
     void DoCopy(const XBase* source) override;
-    bool WriteChunk(XTextWriter& out) const override;
-    bool ReadChunk(XTextReader& in) override;
 
     static XBodyTable TextBody();
     static XBodyTable BinaryBody();
@@ -111,9 +112,12 @@ private:
     bool IsBelow(const XBone& bone) const;
     f32* FindLimit(u32 index);
     bool DoInstances(XFileIO& file);
-    bool WriteInstances(XTextWriter& out) const;
+    void WriteInstances(XTextWriter& out) const;
     bool ReadInstances(XTextReader& in);
     void UpdateOwnMatrices(const XMatrix& parent);
+    // Edges of the hierarchy, the parent's id and the child's in one number.
+    using EdgeSet = std::unordered_set<u64, XIdHash>;
+    void UpdateBelow(EdgeSet& walked);
     void CopyHierarchy(const XBone& source);
 
     u32 m_Parent = 0;

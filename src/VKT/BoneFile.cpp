@@ -58,6 +58,12 @@ XBodyTable XBone::TextBody()
         in.ReadNumbers(As<XBone>(node).m_Children, count);
         return true;
     };
+    static constexpr auto writeInstances = [](const XBase& node, XTextWriter& out) {
+        As<XBone>(node).WriteInstances(out);
+    };
+    static constexpr auto readInstances = [](XBase& node, XTextReader& in) {
+        return As<XBone>(node).ReadInstances(in);
+    };
     // clang-format off
     static constexpr XBodyRow rows[] = {
         { "\tvisible\t",       &XBone::m_Visible },
@@ -87,6 +93,7 @@ XBodyTable XBone::TextBody()
         Since(4, { "\tscale_limit_z ",           &XBone::m_ScaleLimitZ }),
         { "\tparent ",         NodeId(&XBone::m_Parent) },
         { "\tchild_joints ",   XStoredText{WriteChildren, readChildren} },
+        { "",                  XStoredText{writeInstances, readInstances} },
     };
     // clang-format on
     return {kSource, rows};
@@ -157,12 +164,7 @@ bool XBone::DoInstances(XFileIO& file)
     return true;
 }
 
-bool XBone::WriteChunk(XTextWriter& out) const
-{
-    return XNodeClass::WriteChunk(out) && WriteInstances(out);
-}
-
-bool XBone::WriteInstances(XTextWriter& out) const
+void XBone::WriteInstances(XTextWriter& out) const
 {
     out << "\tINSTANCE_LIST\n\t{\n";
     XInstanceList instances;
@@ -171,17 +173,11 @@ bool XBone::WriteInstances(XTextWriter& out) const
     for (const XInstance* instance : instances)
         instance->Write(out);
     out << "\t}\n";
-    return out.IsGood();
-}
-
-bool XBone::ReadChunk(XTextReader& in)
-{
-    return XNodeClass::ReadChunk(in) && ReadInstances(in);
 }
 
 bool XBone::ReadInstances(XTextReader& in)
 {
-    constexpr int kInstanceRow = 28;  // behind the rows of the table
+    constexpr int kInstanceRow = 28;  // of the table
     if (!Expect("instance_list", in, kSource, kInstanceRow) || !Expect("{", in, kSource, kInstanceRow))
         return false;
     XString token;
@@ -199,7 +195,7 @@ bool XBone::ReadInstances(XTextReader& in)
             return false;
         }
     }
-    return in.IsGood();
+    return true;
 }
 
 }  // namespace VKT

@@ -79,8 +79,8 @@ void XFileIO::Skip(i64 bytes)
 {
     if (!m_File)
         return;
-    if (m_Reading && bytes >= 0 && bytes <= m_End - m_Cursor) {
-        m_Cursor += bytes;
+    if (m_Reading && bytes >= m_Window.get() - m_Cursor && bytes <= m_End - m_Cursor) {
+        m_Cursor += bytes;  // within the window, in either direction
     } else {
         GetFile();
         SeekFile(m_File, bytes, SEEK_CUR);
@@ -151,6 +151,7 @@ std::size_t XFileIO::Read(u8* to, std::size_t bytes)
             m_Cursor += part;
             done += part;
         } else if (bytes - done >= kWindowSize) {
+            m_Cursor = m_End = m_Window.get();
             const std::size_t part = m_Op(to + done, 1, bytes - done, m_File);  // straight to its place
             m_FilePosition += static_cast<i64>(part);
             done += part;
@@ -278,10 +279,13 @@ std::size_t XFileIO::DoData(XStringList& list)
     if (!DoCount(count, list.size(), sizeof(u16)))
         return 0;
     if (m_Reading)
-        list.resize(count);
-    for (XString& text : list)
-        if (!DoData(text))
+        list.clear();
+    for (u32 i = 0; i < count; ++i) {
+        if (m_Reading)
+            list.emplace_back();
+        if (!DoData(list[i]))
             return 0;
+    }
     return 1 + std::size_t{count};
 }
 
@@ -298,7 +302,6 @@ bool XFileIO::DoCount(u32& count, std::size_t size, u64 elementBytes)
     const u64 left = Remaining();
     if (count <= left / elementBytes)
         return true;
-    Skip(static_cast<i64>(left));
     m_AtEnd = true;
     ReportShort(count, left / elementBytes);
     return false;

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <type_traits>
 
 #include "VKT/Lists.h"
 
@@ -69,6 +70,8 @@ public:
     std::size_t DoData(f32& value) { return DoValue(value); }
     std::size_t DoData(bool& value);  // one byte; any byte but 0 reads as true
     std::size_t DoData(XVector3& value);  // x, y and z alone
+    std::size_t DoData(XVector2& value) { return DoValue(value); }
+    std::size_t DoData(XVector4& value) { return DoValue(value); }
     std::size_t DoData(XQuaternion& value) { return DoValue(value); }
     std::size_t DoData(XColour& value) { return DoValue(value); }
     std::size_t DoData(XMatrix& value) { return DoElements(value.m, sizeof(f32), 16); }
@@ -76,22 +79,22 @@ public:
     // u16 length and the characters; a longer string is cut to 65535 of them.
     std::size_t DoData(XString& value);
 
-    // Arrays whose count is known, moved in one transfer.
-    std::size_t DoData(u8* data, std::size_t count) { return DoElements(data, 1, count); }
-    std::size_t DoData(u32* data, std::size_t count) { return DoElements(data, 4, count); }
-    std::size_t DoData(i32* data, std::size_t count) { return DoElements(data, 4, count); }
-    std::size_t DoData(f32* data, std::size_t count) { return DoElements(data, 4, count); }
-    std::size_t DoData(XQuaternion* data, std::size_t count) { return DoElements(data, 16, count); }
-    std::size_t DoData(XColour* data, std::size_t count) { return DoElements(data, 16, count); }
+    // Arrays whose count is known, moved in one transfer, of elements that stand in the
+    // file as they do in memory.
+    template <class T> std::size_t DoData(T* data, std::size_t count)
+    {
+        static_assert(std::is_trivially_copyable_v<T> && !std::is_same_v<T, bool>);
+        return DoElements(data, sizeof(T), count);
+    }
     // 12 bytes each; the fourth float reads as 0.
     std::size_t DoData(XVector3* data, std::size_t count);
 
     // u32 count, then the elements; a read replaces the list's content. Answers 0 when
     // the count or an element did not come.
-    std::size_t DoData(XVector<u32>& list) { return DoList(list, 4); }
-    std::size_t DoData(XVector<i32>& list) { return DoList(list, 4); }
-    std::size_t DoData(XVector<f32>& list) { return DoList(list, 4); }
-    std::size_t DoData(XVector3Array& list) { return DoList(list, 12); }
+    template <class T> std::size_t DoData(XVector<T>& list)
+    {
+        return DoList(list, std::is_same_v<T, XVector3> ? 12 : sizeof(T));
+    }
     std::size_t DoData(XStringList& list);
 
     // Reads or writes the count of a list of `size` elements that the caller moves

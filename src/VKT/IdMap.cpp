@@ -1,6 +1,15 @@
 #include "VKT/IdMap.h"
 
+#include <chrono>
+
 namespace VKT {
+
+// Nothing that the writer of a file could foresee: the clock, and where the table lies.
+XIdHash::XIdHash()
+    : m_Seed(static_cast<u64>(std::chrono::steady_clock::now().time_since_epoch().count()) * 0x9E3779B97F4A7C15u ^
+             reinterpret_cast<std::uintptr_t>(this))
+{
+}
 
 XBase* XIdMap::Find(u32 id) const
 {
@@ -53,16 +62,13 @@ void XIdMap::Erase(u32 id, const XBase* node)
 void XIdMap::Clear()
 {
     m_Slots = {};
-    m_Shift = 32;
     m_Used = 0;
 }
 
 void XIdMap::Grow()
 {
-    XVector<Slot> old = std::move(m_Slots);
-    const std::size_t size = old.empty() ? 64 : 2 * old.size();
-    m_Shift = old.empty() ? 32 - 6 : m_Shift - 1;
-    m_Slots = XVector<Slot>(size, Slot{});
+    XVector<Slot> old(m_Slots.empty() ? 64 : 2 * m_Slots.size(), Slot{});
+    m_Slots.swap(old);  // nothing is lost when there is no memory
     m_Used = 0;
     for (const Slot& slot : old)
         Insert(slot.id, slot.node);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <bit>
 
+#include "VKT/Logger.h"
+
 namespace VKT {
 namespace {
 
@@ -12,12 +14,23 @@ u8 SizeNibble(u32 size)
     return size >= 2 && size <= 32768 && std::has_single_bit(size) ? static_cast<u8>(std::countr_zero(size)) : 0;
 }
 
+// How many bytes of pixels stand behind a record with these two bytes in its header.
+u64 NumPixelBytes(u8 sizes, u8 channels)
+{
+    const u32 width = sizes & 15, height = sizes >> 4, more = channels & 3;
+    return width && height && more ? (u64{1} << (width + height)) * (more + 1) : 0;
+}
+
 }  // namespace
 
 bool XImage::DoData(XFileIO& file)
 {
     u8 sizes = static_cast<u8>(SizeNibble(m_Width) | SizeNibble(m_Height) << 4);
     u8 channels = static_cast<u8>((m_Channels - 1) & 3);
+    if (file.IsWriting() && m_Pixels.size() < NumPixelBytes(sizes, channels)) {
+        GetLogger()->LogFormat(kWarning, "image \"%s\" lacks pixels: it is written without any", m_Name.c_str());
+        channels = 0;
+    }
     if (!file.DoData(m_ID) || !file.DoData(sizes) || !file.DoData(channels))
         return false;
     if (file.IsReading()) {
@@ -31,22 +44,19 @@ bool XImage::DoData(XFileIO& file)
         return true;
     if (!file.DoData(m_Path))
         return false;
-    if ((sizes & 15) == 0 || sizes >> 4 == 0 || (channels & 3) == 0)
-        return true;
-
-    const std::size_t bytes = std::size_t{1} * m_Width * m_Height * m_Channels;
-    if (file.IsWriting()) {
-        m_Pixels.resize(bytes, 0);
-        return file.DoData(m_Pixels.data(), bytes) != 0;
-    }
+    const u64 bytes = NumPixelBytes(sizes, channels);
+    if (file.IsWriting())
+        return bytes == 0 || file.DoData(m_Pixels.data(), bytes);
     // The header may claim 4 GiB: the pixels grow with what the file really holds.
-    constexpr std::size_t kStep = 1 << 20;
+    constexpr u64 kStep = 1 << 20;
     m_Pixels.clear();
     while (m_Pixels.size() < bytes) {
         const std::size_t begin = m_Pixels.size();
         m_Pixels.resize(std::min(bytes, begin + kStep));
-        if (!file.DoData(m_Pixels.data() + begin, m_Pixels.size() - begin))
+        if (!file.DoData(m_Pixels.data() + begin, m_Pixels.size() - begin)) {
+            m_Pixels.resize(begin);
             return false;
+        }
     }
     return true;
 }

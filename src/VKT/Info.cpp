@@ -106,8 +106,9 @@ bool XInfo::DoData(XFileIO& file)
     if (file.IsWriting()) {
         u16 type = kChunkInfo;
         u16 flags = 0;
-        u32 size = static_cast<u32>(44 + m_OriginalFile.size() + m_Application.size() + m_User.size() +
-                                    m_Host.size());
+        u32 size = 44;
+        for (const XString* text : {&m_OriginalFile, &m_Application, &m_User, &m_Host})
+            size += static_cast<u32>(std::min<std::size_t>(text->size(), 0xFFFF));  // what is stored of it
         if (!file.DoData(type) || !file.DoData(flags) || !file.DoData(size))
             return false;
     }

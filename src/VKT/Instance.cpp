@@ -19,18 +19,16 @@ bool SavesMaterials(const XInstance& instance)
     return instance.GetModel()->GetSaveFlags().Test(SaveMaterials);
 }
 
-// Reads on behind the closing brace of the block that the reader stands in.
-bool SkipBlock(XTextReader& in)
+// Reads on behind the closing brace of the block that the reader stands in, or to the end.
+void SkipBlock(XTextReader& in)
 {
     XString token;
-    u64 depth = 1;
-    while (depth > 0 && in.ReadToken(token)) {
+    for (u64 depth = 1; depth > 0 && in.ReadToken(token);) {
         if (token == "{")
             ++depth;
         else if (token == "}")
             --depth;
     }
-    return depth == 0;
 }
 
 }  // namespace
@@ -84,6 +82,7 @@ void XInstance::DropMaterial(u32 material)
 
 void XInstance::CopyBindings(const XInstance& source)
 {
+    m_Name = source.m_Name;
     m_Material = source.m_Material;
     m_MaterialGroups.clear();
     for (const auto& group : source.m_MaterialGroups)
@@ -145,7 +144,8 @@ bool XInstance::Read(XBone& bone, XTextReader& in)
         GetLogger()->LogFormat(
             kWarning, node ? "Shape ID %d : name %s is not a shape." : "Shape ID %d : name %s not found.", shapeId,
             name.c_str());
-        return SkipBlock(in);
+        SkipBlock(in);
+        return true;
     }
     XInstance& instance = *model.CreateInstance(&bone, shape);
     for (const XInstanceUvSet& uvSet : uvSets)
@@ -211,11 +211,13 @@ bool XInstance::DoData(XFileIO& file)
     u32 count = 0;
     if (!file.DoCount(count, m_MaterialGroups.size(), kLeastBytes))
         return false;
-    if (file.IsReading())
-        SetNumMaterialGroups(count);
-    for (const auto& group : m_MaterialGroups)
-        if (!file.DoData(group->m_Material) || !file.DoData(group->m_Faces))
+    for (u32 i = 0; i < count; ++i) {
+        if (file.IsReading())
+            m_MaterialGroups.push_back(std::make_unique<XMaterialGroup>());
+        XMaterialGroup& group = *m_MaterialGroups[i];
+        if (!file.DoData(group.m_Material) || !file.DoData(group.m_Faces))
             return false;
+    }
     return true;
 }
 

@@ -61,7 +61,7 @@ public:
 
     // Drops `material` wherever it is used here: the single one, or those of groups.
     void DropMaterial(u32 material);
-    // Takes over materials, groups and uv sets.
+    // Takes over name, materials, groups and uv sets.
     void CopyBindings(const XInstance& source);
 
     // The `INSTANCE` block of a bone, in a text chunk; the reader stands behind the word

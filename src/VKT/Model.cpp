@@ -21,6 +21,14 @@ XString Numbered(std::string_view stem, u32 number)
     return XString(stem) + std::to_string(number);
 }
 
+// Instance ids stand in ascending order wherever they are listed.
+void EraseId(XIndexList& ids, u32 id)
+{
+    const auto found = std::lower_bound(ids.begin(), ids.end(), id);
+    if (found != ids.end() && *found == id)
+        ids.erase(found);
+}
+
 }  // namespace
 
 XModel::XModel() = default;
@@ -44,6 +52,7 @@ void XModel::Clear()
     m_Info.reset();
     m_LastInstanceId = 0;
     m_LastId = 0;
+    m_FirstFreeId = 1;
 }
 
 XBase* XModel::CreateNode(u32 type)
@@ -66,10 +75,9 @@ u32 XModel::NextId()
 {
     if (m_LastId != std::numeric_limits<u32>::max())
         return ++m_LastId;
-    u32 id = 1;
-    while (m_NodesById.Find(id))
-        ++id;
-    return id;
+    while (m_NodesById.Find(m_FirstFreeId))
+        ++m_FirstFreeId;
+    return m_FirstFreeId;
 }
 
 XBase* XModel::FindNode(std::string_view name) const
@@ -106,11 +114,11 @@ bool XModel::ListRootBones(XBoneList& out) const
 void XModel::Enter(std::unique_ptr<XBase> node, std::string_view name)
 {
     node->m_Name = name;
-    m_NodesById.Insert(node->m_ID, node.get());
     const bool isLast = m_Nodes.empty() || m_Nodes.rbegin()->first <= name;
     const XNameMap::value_type entry(node->m_Name, node.get());
     node->m_NameEntry = isLast ? m_Nodes.insert(m_Nodes.end(), entry) : m_Nodes.insert(entry);
-    node.release();
+    XBase* const owned = node.release();
+    m_NodesById.Insert(owned->m_ID, owned);
 }
 
 XString XModel::SetName(XBase* node, std::string_view requested)
@@ -122,16 +130,17 @@ XString XModel::SetName(XBase* node, std::string_view requested)
     std::replace(name.begin(), name.end(), '\t', '_');
     if (m_Nodes.contains(name))
         name = FirstFreeName(name);
+    XString answer = name;
     if (Holds(*node)) {
-        auto entry = m_Nodes.extract(node->m_NameEntry);
         ForgetNumber(node->m_Name);
-        node->m_Name = name;
+        auto entry = m_Nodes.extract(node->m_NameEntry);
+        node->m_Name = std::move(name);
         entry.key() = node->m_Name;
         node->m_NameEntry = m_Nodes.insert(std::move(entry));
     } else {
-        node->m_Name = name;
+        node->m_Name = std::move(name);
     }
-    return name;
+    return answer;
 }
 
 // The stem with the first number from 1 that is not taken. The numbers found taken are
@@ -195,11 +204,11 @@ bool XModel::DeleteInstance(u32 id)
         return false;
     XInstance& instance = **found;
     if (XBone* bone = instance.GetParent())
-        std::erase(bone->m_Instances, id);
+        EraseId(bone->m_Instances, id);
     const auto place = m_InstanceByPlace.find(PlaceKey(instance.m_Parent, instance.m_Object));
     if (place != m_InstanceByPlace.end() && place->second == id)
         m_InstanceByPlace.erase(place);
-    std::erase(m_InstancesByShape[instance.m_Object], id);
+    EraseId(m_InstancesByShape[instance.m_Object], id);
     m_Instances.erase(found);
     return true;
 }
@@ -242,8 +251,11 @@ void XModel::UpdateWorldMatrices()
 {
     XBoneList roots;
     ListRootBones(roots);
-    for (XBone* root : roots)
-        root->UpdateWorldMatrix(kIdentityMatrix, true);
+    XBone::EdgeSet walked;  // one for all roots: a damaged file may hang one tree under many
+    for (XBone* root : roots) {
+        root->UpdateOwnMatrices(kIdentityMatrix);
+        root->UpdateBelow(walked);
+    }
 }
 
 }  // namespace VKT

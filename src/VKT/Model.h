@@ -114,6 +114,7 @@ private:
     XVector<std::unique_ptr<XInstance>>::const_iterator PlaceOf(u32 id) const;
 
     // ModelLoad.cpp, ModelSave.cpp
+    template <class Reading> XFileResult LoadSafely(const char* path, Reading read);
     XFileResult CheckHeader(std::string_view header, const char* path);
     void PostLoad();
     void RenewLastId();
@@ -142,6 +143,7 @@ private:
     XIdMap m_NodesById;
     u32 m_LastInstanceId = 0;
     u32 m_LastId = 0;
+    u32 m_FirstFreeId = 1;  // ids below it are taken; asked for once all others are
     XFlagStack m_CopyFlags{127};
     XFlagStack m_ReservedFlags1{1};
     XFlagStack m_DeleteFlags{0xFFFFFFFF};
@@ -151,8 +153,8 @@ private:
     u32 m_DroppedChunks = 0;
     // Instances by (bone, shape), and for each shape in the document's order, so that
     // neither hanging nor linking a shape walks a list.
-    std::unordered_map<u64, u32> m_InstanceByPlace;
-    std::unordered_map<u32, XIndexList> m_InstancesByShape;
+    std::unordered_map<u64, u32, XIdHash> m_InstanceByPlace;
+    std::unordered_map<u32, XIndexList, XIdHash> m_InstancesByShape;
     // For stems of numbered names: the number below which all are taken.
     std::unordered_map<XString, u32> m_NextNumber;
 };

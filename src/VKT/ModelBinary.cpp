@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 
 #include "VKT/FileIO.h"
@@ -11,6 +12,12 @@ namespace {
 
 constexpr std::size_t kHeaderSize = 24;
 constexpr i64 kChunkHeaderSize = 8;
+
+// A chunk that fails sends the walk back to the end that it claims. What its body has read
+// past that is read again by the chunks that follow, and where each of them runs far ahead
+// and fails, a load would take the square of the file's size: this much, and a few times
+// the file, is let pass.
+constexpr i64 kMostOverrun = i64{128} << 20;
 
 }  // namespace
 
@@ -40,6 +47,7 @@ XFileResult XModel::LoadBin(const char* path, bool loadCycles)
 
     // The walk goes by the sizes that the chunks claim, not by the bytes they take.
     i64 remaining = static_cast<i64>(file.Remaining());
+    i64 overrun = -4 * remaining;
     while (remaining >= 1) {
         BinaryChunk chunk;
         if (!chunk.Read(file))
@@ -53,7 +61,13 @@ XFileResult XModel::LoadBin(const char* path, bool loadCycles)
                 GetLogger()->Log(kError, "XModel::LoadBin : header byte size 0");
                 return FileCorrupt;
             }
-            file.Skip(body - file.Position() + chunk.size - kChunkHeaderSize);
+            const i64 ahead = body + chunk.size - kChunkHeaderSize - file.Position();
+            overrun -= std::min<i64>(ahead, 0);
+            if (overrun > kMostOverrun) {
+                GetLogger()->Log(kError, "XModel::LoadBin : too many chunks overrun their size");
+                return FileCorrupt;
+            }
+            file.Skip(ahead);
         }
         remaining -= chunk.size;
     }
@@ -64,7 +78,7 @@ XFileResult XModel::LoadBin(const char* path, bool loadCycles)
 // is tried while input is left.
 bool XModel::DoImages(XFileIO& file)
 {
-    u16 count = static_cast<u16>(m_Images.size());
+    u16 count = static_cast<u16>(std::min<std::size_t>(m_Images.size(), 0xFFFF));
     if (!file.DoData(count))
         return false;
     if (file.IsReading())
@@ -87,6 +101,8 @@ bool XModel::UseBinaryChunk(XFileIO& file, const BinaryChunk& chunk, bool)
         m_Info.reset();
         return false;
     }
+    if (chunk.hasExtraAttributes)
+        return false;
     std::unique_ptr<XBase> node(XFnCreate(chunk.type, this));
     if (!node)
         return false;

@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <cstdio>
-#include <memory>
-#include <new>
+#include <exception>
 
 #include "VKT/Bone.h"
 #include "VKT/FnRegistry.h"
@@ -29,52 +28,55 @@ u32 VersionOf(std::string_view header)
 
 XFileResult XModel::Load(const char* path, bool loadCycles)
 {
-    try {
-        Clear();
-        m_DroppedChunks = 0;
+    return LoadSafely(path, [&] {
         GetLogger()->LogFormat(kInfo, "loading \"%s\"", path);
         const XString extension = LowerCaseExtension(path);
-        XFileResult result = FileNotVkt;
-        if (extension == "xld" || extension == "vkt") {
-            char header[26] = "";
-            std::FILE* const file = std::fopen(path, "rb");
-            if (!file)
-                return FileOpenFailed;
-            const std::size_t length = std::fread(header, 1, 25, file);
-            std::fclose(file);
-            result = CheckHeader({header, length}, path);
-            if (result != FileOk)
-                return result;
-            result = header[8] == 'A' ? LoadAscii(path, loadCycles) : LoadBin(path, loadCycles);
+        if (extension != "xld" && extension != "vkt") {
+            if (!XTranslatorLoad(path, this))
+                return FileNotVkt;
             PostLoad();
-        } else if (XTranslatorLoad(path, this)) {
-            result = FileOk;
-            PostLoad();
+            return FileOk;
         }
-        RenewLastId();
+        char header[26] = "";
+        std::FILE* const file = std::fopen(path, "rb");
+        if (!file)
+            return FileOpenFailed;
+        const std::size_t length = std::fread(header, 1, 25, file);
+        std::fclose(file);
+        XFileResult result = CheckHeader({header, length}, path);
+        if (result != FileOk)
+            return result;
+        result = header[8] == 'A' ? LoadAscii(path, loadCycles) : LoadBin(path, loadCycles);
+        PostLoad();
         return result;
-    } catch (const std::exception& error) {
-        GetLogger()->LogFormat(kError, "loading \"%s\" failed: %s", path, error.what());
-        return FileCorrupt;
-    }
+    });
 }
 
 XFileResult XModel::Load(std::istream& in, const char* path, bool loadCycles)
 {
-    try {
-        Clear();
-        m_DroppedChunks = 0;
+    return LoadSafely(path, [&] {
         XTextReader reader(in);
         const XFileResult result = LoadAsciiStream(reader, path, loadCycles);
-        if (result == FileOk || result == FileCorrupt) {
+        if (result == FileOk || result == FileCorrupt)
             PostLoad();
-            RenewLastId();
-        }
         return result;
+    });
+}
+
+// Empties the document and runs `read` on it. Whatever comes of it, nodes created later
+// get ids above all that were read.
+template <class Reading> XFileResult XModel::LoadSafely(const char* path, Reading read)
+{
+    Clear();
+    m_DroppedChunks = 0;
+    XFileResult result = FileCorrupt;
+    try {
+        result = read();
     } catch (const std::exception& error) {
         GetLogger()->LogFormat(kError, "loading \"%s\" failed: %s", path, error.what());
-        return FileCorrupt;
     }
+    RenewLastId();
+    return result;
 }
 
 XFileResult XModel::CheckHeader(std::string_view header, const char* path)
@@ -117,9 +119,12 @@ void XModel::PostLoad()
 // A node that could not be read to its end leaves no instances behind.
 void XModel::Abandon(XBase& node)
 {
-    if (XBone* bone = XCast<XBone>(&node))
-        for (const u32 id : XIndexList(bone->GetInstanceIds()))
-            DeleteInstance(id);
+    const XBone* bone = XCast<XBone>(&node);
+    if (!bone)
+        return;
+    const XIndexList ids = bone->GetInstanceIds();
+    for (auto id = ids.rbegin(); id != ids.rend(); ++id)  // the latest first: they stand at the end
+        DeleteInstance(*id);
 }
 
 void XModel::RenewLastId()

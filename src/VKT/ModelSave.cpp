@@ -1,8 +1,8 @@
 #include <array>
 #include <cstdio>
-#include <fstream>
+#include <exception>
 #include <memory>
-#include <new>
+#include <ostream>
 
 #include "VKT/FnRegistry.h"
 #include "VKT/Model.h"
@@ -79,16 +79,16 @@ XFileResult XModel::Save(const char* path)
         }
         if (!CanSaveAsText())
             return FileCorrupt;
-        std::FILE* const file = std::fopen(path, "wb");
+        std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path, "wb"), &std::fclose);
         if (!file)
             return FileOpenFailed;
-        std::setvbuf(file, nullptr, _IONBF, 0);  // the writer has a window of its own
+        std::setvbuf(file.get(), nullptr, _IONBF, 0);  // the writer has a window of its own
         XFileResult result = FileCorrupt;
         {
-            XTextWriter out(file);
+            XTextWriter out(file.get());
             result = SaveAscii(out);
         }
-        return std::fclose(file) == 0 ? result : FileCorrupt;
+        return std::fclose(file.release()) == 0 ? result : FileCorrupt;
     } catch (const std::exception& error) {
         GetLogger()->LogFormat(kError, "saving \"%s\" failed: %s", path, error.what());
         return FileCorrupt;

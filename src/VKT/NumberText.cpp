@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <limits>
 
 namespace VKT::NumberText {
@@ -28,6 +29,14 @@ i64 FindMagnitude(std::string_view text)
     const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
     const std::size_t first = std::min(mantissa.find_first_not_of("0."), mantissa.size());
     return exponent + static_cast<i64>(point) - static_cast<i64>(first);
+}
+
+template <class T>
+bool ParseWhole(std::string_view token, T& value)
+{
+    const char* const end = token.data() + token.size();
+    const std::from_chars_result result = std::from_chars(token.data(), end, value);
+    return result.ec == std::errc() && result.ptr == end;
 }
 
 constexpr u64 BytesBelow(unsigned count)
@@ -92,6 +101,26 @@ std::size_t ParseDecimal(std::string_view text, f32& value)
     }
     value = text.front() == '-' ? -magnitude : magnitude;
     return static_cast<std::size_t>(result.ptr - text.data());
+}
+
+bool ParseLong(std::string_view token, u32& value)
+{
+    return ParseWhole(token, value);
+}
+
+bool ParseLong(std::string_view token, i32& value)
+{
+    return ParseWhole(token, value);
+}
+
+bool ParseLong(std::string_view token, u64& value)
+{
+    return ParseWhole(token, value);
+}
+
+bool ParseLong(std::string_view token, f32& value)
+{
+    return ParseDecimal(token, value) == token.size() && std::isfinite(value);
 }
 
 char* Print(char* out, u64 value)

@@ -22,9 +22,14 @@ inline bool IsSpace(char character)
 {
     return character == ' ' || static_cast<unsigned char>(character - '\t') < 5;
 }
+// The value of a digit; above 9 for any other character.
+inline u32 DigitOf(char character)
+{
+    return static_cast<unsigned char>(character - '0');
+}
 inline bool IsDigit(char character)
 {
-    return static_cast<unsigned char>(character - '0') < 10;
+    return DigitOf(character) < 10;
 }
 
 // Only of the letters A to Z.
@@ -84,6 +89,18 @@ inline u64 LoadDigits(const char* end, std::size_t length)
     return (LoadWord(end - 8) ^ kZeroes) >> unused << unused;
 }
 
+// What a float holds exactly: a number of 24 bits, and a power of ten up to 10^10. One
+// division of such numbers gives the float that is nearest to the true quotient.
+inline constexpr u32 kExactMantissa = 1 << 24;
+inline constexpr int kMostDecimals = 10;
+inline f32 WithDecimals(u32 mantissa, std::size_t decimals, u32 negative)
+{
+    static constexpr f32 kPowers[kMostDecimals + 1] = {1e0f, 1e1f, 1e2f, 1e3f, 1e4f, 1e5f,
+                                                       1e6f, 1e7f, 1e8f, 1e9f, 1e10f};
+    const f32 magnitude = static_cast<f32>(static_cast<i32>(mantissa)) / kPowers[decimals];
+    return std::bit_cast<f32>(std::bit_cast<u32>(magnitude) | negative << 31);
+}
+
 // The short paths of reading: whole tokens of at most eight digits. False means that the
 // general path has to look. Eight characters before `end` must be readable.
 inline bool ParseShort(const char* begin, const char* end, u32& value)
@@ -106,13 +123,9 @@ inline bool ParseShort(const char* begin, const char* end, i32& value)
     value = negative ? -static_cast<i32>(magnitude) : static_cast<i32>(magnitude);
     return true;
 }
-// A float without exponent. Its digits and the power of ten below them are exact floats,
-// so that one division gives the nearest float.
+// A float without exponent.
 inline bool ParseShort(const char* begin, const char* end, f32& value)
 {
-    static constexpr f32 kPowers[] = {1e0f, 1e1f, 1e2f, 1e3f, 1e4f, 1e5f, 1e6f, 1e7f, 1e8f};
-    constexpr u32 kExact = 1 << 24;
-
     const u32 negative = *begin == '-';
     begin += negative;
     const bool isFraction = begin[0] == '0' && begin[1] == '.';  // the usual thing below 1
@@ -137,16 +150,70 @@ inline bool ParseShort(const char* begin, const char* end, f32& value)
     if (HasForeign(digits))
         return false;
     const u32 mantissa = FromDigits(digits);
-    if (mantissa > kExact)
+    if (mantissa > kExactMantissa)
         return false;
-    const f32 magnitude = static_cast<f32>(static_cast<i32>(mantissa)) / kPowers[decimals];
-    value = std::bit_cast<f32>(std::bit_cast<u32>(magnitude) | negative << 31);
+    value = WithDecimals(mantissa, decimals, negative);
     return true;
+}
+
+// The same for a single number whose end is not known yet: answers it, or null when the
+// general path has to look. Plain loops: while numbers resemble each other, the
+// processor guesses their lengths and does not wait for one to find the next. A
+// character that is no digit must follow somewhere.
+inline const char* ScanShort(const char* begin, u32& value)
+{
+    u32 number = 0;
+    const char* at = begin;
+    for (; IsDigit(*at); ++at)
+        number = number * 10 + DigitOf(*at);
+    if (at == begin || at - begin > 9)
+        return nullptr;
+    value = number;
+    return at;
+}
+inline const char* ScanShort(const char* begin, i32& value)
+{
+    const bool negative = *begin == '-';
+    u32 magnitude = 0;
+    const char* const end = ScanShort(begin + negative, magnitude);
+    if (end)
+        value = negative ? -static_cast<i32>(magnitude) : static_cast<i32>(magnitude);
+    return end;
+}
+inline const char* ScanShort(const char* begin, f32& value)
+{
+    const u32 negative = *begin == '-';
+    begin += negative;
+    const char* at = begin;
+    u64 mantissa = 0;
+    for (; IsDigit(*at); ++at)
+        mantissa = mantissa * 10 + DigitOf(*at);
+    std::ptrdiff_t digits = at - begin;
+    std::ptrdiff_t decimals = 0;
+    if (*at == '.') {
+        const char* const point = at++;
+        for (; IsDigit(*at); ++at)
+            mantissa = mantissa * 10 + DigitOf(*at);
+        decimals = at - point - 1;
+        digits += decimals;
+    }
+    // More than 19 digits may have run over.
+    if (digits == 0 || digits > 19 || decimals > kMostDecimals || mantissa > kExactMantissa)
+        return nullptr;
+    value = WithDecimals(static_cast<u32>(mantissa), static_cast<std::size_t>(decimals), negative);
+    return at;
 }
 
 // The longest decimal number, with sign and exponent if any, that `text` begins with.
 // Answers its length, 0 when there is none. Out of range gives an infinity or a zero.
 std::size_t ParseDecimal(std::string_view text, f32& value);
+
+// The general path for whole tokens: false unless the token is one number in range from
+// end to end. Knows no "+" for integers and no "-" for unsigned ones.
+bool ParseLong(std::string_view token, u32& value);
+bool ParseLong(std::string_view token, i32& value);
+bool ParseLong(std::string_view token, u64& value);
+bool ParseLong(std::string_view token, f32& value);
 
 // ---- Numbers to text ----
 

@@ -61,7 +61,9 @@ void XShape::PreDelete(std::set<u32>& ids)
 
 void XShape::PostLoad()
 {
-    GetModel()->ListInstancesOf(GetID(), m_Instances);
+    m_Instances.clear();
+    if (GetModel()->FindNode(GetID()) == this)  // of several shapes with one id, one is shown
+        GetModel()->ListInstancesOf(GetID(), m_Instances);
 }
 
 }  // namespace VKT

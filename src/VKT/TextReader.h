@@ -104,6 +104,11 @@ private:
 
     template <class T>
     bool ReadNumber(T& value);
+    bool ReadLong(i32& value);
+    bool ReadLong(u32& value);
+    bool ReadLong(f32& value);
+    template <class T>
+    bool Extract(T& value);
     template <class T>
     bool ExtractInteger(T& value);
     bool ExtractFloat(f32& value);

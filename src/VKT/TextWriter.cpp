@@ -35,7 +35,11 @@ XTextWriter::XTextWriter(std::ostream& stream) : XTextWriter()
 
 XTextWriter::~XTextWriter()
 {
-    HandOn();
+    try {
+        HandOn();
+    } catch (...) {
+        // A stream may be set to throw. Who wants to know calls `Flush`.
+    }
 }
 
 // Empties the window into the target.
