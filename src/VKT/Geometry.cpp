@@ -147,10 +147,9 @@ XPropertyTable XGeometry::Properties()
             [](XBase& node, const XNodeList& value) {
                 XDeformerList queue;
                 for (XBase* entry : value) {
-                    XDeformer* deformer = XCast<XDeformer>(entry);
-                    if (!deformer)
+                    if (!entry || !Detail::Accepts(node, entry, kFnDeformer))
                         return false;
-                    queue.push_back(deformer);
+                    queue.push_back(XCast<XDeformer>(entry));
                 }
                 As<XGeometry>(node).SetDeformerQueue(queue);
                 return true;

@@ -62,7 +62,7 @@ bool XModel::CanSaveAsText() const
     u64 padding = 0;
     for (const auto& [name, node] : m_Nodes)
         if (const XPolygonMesh* mesh = XCast<XPolygonMesh>(node))
-            padding += mesh->GetNumMissingIndices();
+            padding += mesh->GetTextPadding();
     if (padding <= kMostPadding)
         return true;
     GetLogger()->Log(kError, "the document's polygons claim more corners than its index sets hold");

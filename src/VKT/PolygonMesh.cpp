@@ -22,11 +22,21 @@ i32& XIndexSet::operator[](u32 corner)
     return corner < m_Indices.size() ? m_Indices[corner] : nowhere;
 }
 
+// The floats of an element of that size, or null. Damaged files claim more elements than
+// they hold.
+f32* XVertexSet::FindElement(u32 i, u32 size)
+{
+    const std::size_t begin = std::size_t{i} * size;
+    if (i >= m_NumElements || m_ElementSize != size || begin + size > m_Elements.size())
+        return nullptr;
+    return &m_Elements[begin];
+}
+
 bool XVertexSet::SetElement(u32 i, const XVector2& value)
 {
-    if (i >= m_NumElements || m_ElementSize != 2)
+    f32* const element = FindElement(i, 2);
+    if (!element)
         return false;
-    f32* const element = &m_Elements[std::size_t{i} * 2];
     element[0] = value.x;
     element[1] = value.y;
     return true;
@@ -34,9 +44,9 @@ bool XVertexSet::SetElement(u32 i, const XVector2& value)
 
 bool XVertexSet::SetElement(u32 i, const XVector3& value)
 {
-    if (i >= m_NumElements || m_ElementSize != 3)
+    f32* const element = FindElement(i, 3);
+    if (!element)
         return false;
-    f32* const element = &m_Elements[std::size_t{i} * 3];
     element[0] = value.x;
     element[1] = value.y;
     element[2] = value.z;
@@ -108,13 +118,15 @@ bool XPolygonMesh::HasVertexSet(const char* name) const
                        [=](const auto& set) { return set->m_Name == name; });
 }
 
-u64 XPolygonMesh::GetNumMissingIndices() const
+u64 XPolygonMesh::GetTextPadding() const
 {
     const u64 corners = Sum(m_PolyCounts);
-    u64 missing = 0;
+    u64 padding = 0;
     for (const auto& set : m_IndexSets)
-        missing += corners - std::min<u64>(corners, set->m_Indices.size());
-    return missing;
+        padding += corners - std::min<u64>(corners, set->m_Indices.size());
+    for (const auto& set : m_VertexSets)
+        padding += set->m_ElementSize == 0 && set->m_Elements.empty() ? set->m_NumElements : 0;
+    return padding;
 }
 
 void XPolygonMesh::Clear()
@@ -182,12 +194,8 @@ void XPolygonMesh::DoCopy(const XBase* source)
     XGeometry::DoCopy(source);
     for (const auto& set : other->m_IndexSets)
         AddIndexSet(set->m_Name)->m_Indices = set->m_Indices;
-    for (const auto& set : other->m_VertexSets) {
-        XVertexSet* const copy =
-            AddVertexSet(set->m_Name, set->m_NumElements, set->m_ElementSize, set->m_Usage);
-        copy->m_Elements = set->m_Elements;
-        copy->m_IndexSetName = set->m_IndexSetName;
-    }
+    for (const auto& set : other->m_VertexSets)
+        m_VertexSets.emplace_back(std::make_unique<XVertexSet>(*set))->m_Mesh = this;
     m_PointIndexSet = other->m_PointIndexSet ? FindIndexSet(other->m_PointIndexSet->m_Name) : nullptr;
     m_PolyCounts = other->m_PolyCounts;
 }

@@ -69,6 +69,8 @@ public:
 private:
     friend class XPolygonMesh;
 
+    f32* FindElement(u32 i, u32 size);
+
     XString m_Name;
     XString m_IndexSetName;
     XRealList m_Elements;
@@ -105,8 +107,9 @@ public:
     XIndexSet* GetPointIndexSet() const { return m_PointIndexSet; }
     const XVector<std::unique_ptr<XIndexSet>>& GetIndexSets() const { return m_IndexSets; }
     const XVector<std::unique_ptr<XVertexSet>>& GetVertexSets() const { return m_VertexSets; }
-    // Indices that the sets are short of: a text file pads them with 0.
-    u64 GetNumMissingIndices() const;
+    // What a text file holds beyond the data: a 0 for each index that the sets are short
+    // of, and a line for each element without floats.
+    u64 GetTextPadding() const;
     // Drops sets, polygons and points. Deformers and instances stay.
     void Clear();
 

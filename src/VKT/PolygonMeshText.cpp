@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <functional>
 #include <limits>
+#include <numeric>
 #include <span>
 
 #include "VKT/Logger.h"
@@ -37,7 +39,7 @@ void WriteIndices(const XU32Array& polyCounts, const XIntList& indices, XTextWri
 {
     constexpr XRowFormat format{"\t\t", true};
     const auto uniform = std::adjacent_find(polyCounts.begin(), polyCounts.end(), std::not_equal_to<>());
-    if (!polyCounts.empty() && uniform == polyCounts.end() &&
+    if (!polyCounts.empty() && polyCounts.front() > 0 && uniform == polyCounts.end() &&
         indices.size() == polyCounts.size() * polyCounts.front()) {
         out.WriteRows(indices, polyCounts.front(), format);
         return;
@@ -134,15 +136,13 @@ bool XPolygonMesh::ReadPolyCounts(XTextReader& in)
     if (!Expect("{", in, kSource, 3))
         return false;
     m_NumPolyIndices = 0;
-    in.ReadNumbers(m_PolyCounts, count);
-    u64 corners = 0;
-    for (const u32 sides : m_PolyCounts) {
-        if (sides < 3) {
-            GetLogger()->Log(kError, "Poly count data contains a poly with less than 3 sides!");
-            return false;
-        }
-        corners += sides;
+    // A count that does not come counts as 0.
+    if (!in.ReadNumbers(m_PolyCounts, count) ||
+        std::any_of(m_PolyCounts.begin(), m_PolyCounts.end(), [](u32 sides) { return sides < 3; })) {
+        GetLogger()->Log(kError, "Poly count data contains a poly with less than 3 sides!");
+        return false;
     }
+    const u64 corners = std::accumulate(m_PolyCounts.begin(), m_PolyCounts.end(), u64{0});
     if (corners > std::numeric_limits<u32>::max()) {
         GetLogger()->Log(kError, "Poly count data claims more corners than a mesh can have");
         return false;

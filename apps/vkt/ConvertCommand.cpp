@@ -1,0 +1,102 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <string>
+
+#include "Command.h"
+#include "Log.h"
+#include "ReplacedFile.h"
+#include "SceneFile.h"
+#include "TerminalText.h"
+#include "VKT/Model.h"
+
+namespace tool {
+namespace {
+
+struct ConvertRequest {
+    std::string in;
+    std::string out;
+    bool ascii = false;
+    bool binary = false;
+    bool noCycles = false;
+    bool strict = false;
+    bool verbose = false;
+};
+
+FileForm FormFor(const ConvertRequest& request)
+{
+    if (request.ascii || request.binary)
+        return request.ascii ? FileForm::Text : FileForm::Binary;
+    return FormOf(request.in).value_or(FileForm::Text);
+}
+
+// The library's messages above say which chunks they were.
+void SayDropped(const VKT::XModel& model, const std::string& path, Log& log)
+{
+    const std::string count = std::to_string(model.GetNumDroppedChunks());
+    log.Say(Quoted(path) + ": " + count + (count == "1" ? " chunk was" : " chunks were") +
+            " dropped as unknown or damaged");
+}
+
+int Save(VKT::XModel& model, const std::string& path, Log& log)
+{
+    ReplacedFile file(path);
+    if (!file.Create())
+        return log.SaySaveFailed(path, VKT::FileOpenFailed);
+    log.ShowProgress("writing " + path);
+    const VKT::XFileResult result = model.Save(file.GetWorkingPath().c_str());
+    if (result != VKT::FileOk)
+        return log.SaySaveFailed(path, result);
+    log.Flush();
+    if (file.Commit())
+        return kSuccess;
+    log.Say(Quoted(path) + " cannot be replaced");
+    return kFailure;
+}
+
+int Convert(const ConvertRequest& request, Log& log)
+{
+    log.SetVerbose(request.verbose);
+    const FileForm form = FormFor(request);  // asked first: OUT may be IN
+    log.ShowProgress("reading " + request.in);
+    VKT::XModel model;
+    const VKT::XFileResult result = model.Load(request.in.c_str(), !request.noCycles);
+    if (result != VKT::FileOk)
+        return log.SayLoadFailed(request.in, result);
+    if (model.GetNumDroppedChunks() > 0) {
+        SayDropped(model, request.in, log);
+        if (request.strict)
+            return kFailure;
+    }
+    if (form == FileForm::Text) {
+        model.GetSaveFlags().Set(VKT::SaveAscii);
+        if (!model.GetImages().empty())
+            log.Say("the images of " + Quoted(request.in) + " are left out: a text file holds none");
+    } else {
+        model.GetSaveFlags().Clear(VKT::SaveAscii);
+    }
+    return Save(model, request.out, log);
+}
+
+}  // namespace
+
+void AddConvertCommand(CLI::App& program, Run& run)
+{
+    CLI::App* const command =
+        program.add_subcommand("convert", "Write a scene file in its text or binary form");
+    const auto request = std::make_shared<ConvertRequest>();
+    command->add_option("IN", request->in, "The file to read")->required();
+    command->add_option("OUT", request->out, "The file to write; ends in .vkt or .xld")
+        ->required()
+        ->check(IsScenePath());
+    CLI::Option* const ascii = command->add_flag("--ascii", request->ascii, "Write text");
+    command->add_flag("--binary", request->binary, "Write binary")->excludes(ascii);
+    command->add_flag("--no-cycles", request->noCycles, "Leave animation cycles and takes out");
+    command->add_flag("--strict", request->strict, "Write nothing when a chunk of IN cannot be used");
+    command->add_flag("--verbose", request->verbose, "Show each message of the library");
+    command->footer(
+        "Without --ascii or --binary, OUT has the form of IN.\n\n"
+        "Example:\n  vkt convert robot.vkt robot-binary.vkt --binary");
+    command->callback([request, &run] { run = [request](Log& log) { return Convert(*request, log); }; });
+}
+
+}  // namespace tool

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "VKT/Types.h"
+
+namespace CLI {
+class Validator;
+}
+
+namespace tool {
+
+enum class FileForm { Text, Binary };
+
+// What the header of a scene file says of its form; none for a file without header.
+std::optional<FileForm> FormOf(const std::string& path);
+const char* NameOf(FileForm form);
+
+// Bytes; 0 when the file cannot be asked.
+VKT::u64 SizeOf(const std::string& path);
+
+// Accepts paths that the library loads again: they end in .vkt or .xld.
+CLI::Validator IsScenePath();
+
+}  // namespace tool

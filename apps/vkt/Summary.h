@@ -1,0 +1,81 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "SceneFile.h"
+#include "VKT/FileIO.h"
+#include "VKT/Types.h"
+
+namespace VKT {
+class XModel;
+}
+
+namespace tool {
+
+// What `vkt info` tells of a file: numbers and names alone, so that its two outputs say
+// the same.
+
+struct Sizes {
+    VKT::u64 points = 0;
+    VKT::u64 polygons = 0;
+    VKT::u64 corners = 0;
+};
+
+struct IndexSetSummary {
+    std::string name;
+    VKT::u64 indices = 0;
+};
+
+struct VertexSetSummary {
+    std::string name;
+    std::string usage;
+    VKT::u64 elements = 0;
+    VKT::u32 elementSize = 0;  // floats
+    std::string indexSet;      // empty for none
+};
+
+struct GeometrySummary {
+    std::string name;
+    std::string type;
+    Sizes sizes;
+    std::vector<IndexSetSummary> indexSets;
+    std::vector<VertexSetSummary> vertexSets;
+};
+
+// The information record. The strings are those of the file.
+struct RecordSummary {
+    std::string application;
+    std::string originalFile;
+    std::string textureFile;
+    std::string user;
+    std::string host;
+    std::string date;  // "2024-05-31 12:00:00", empty when the file's is none
+};
+
+struct Summary {
+    std::string file;
+    VKT::u64 bytes = 0;
+    FileForm form = FileForm::Text;
+    VKT::u32 version = 0;
+    std::optional<RecordSummary> record;
+    VKT::u64 nodes = 0;
+    std::map<std::string, VKT::u64> nodesByType;
+    VKT::u64 instances = 0;
+    VKT::u64 images = 0;
+    VKT::u64 droppedChunks = 0;
+    Sizes sizes;                            // of all geometry
+    std::vector<GeometrySummary> geometry;  // in name order
+};
+
+// Of a document that was loaded from `path`.
+Summary Summarise(const VKT::XModel& model, const std::string& path);
+
+// For people: no names or messages of the file steer the terminal.
+std::string ToText(const Summary& summary);
+// One JSON object, as docs/tool.md describes it. ASCII alone.
+std::string ToJson(const Summary& summary);
+
+}  // namespace tool

@@ -1,0 +1,81 @@
+#include "Summary.h"
+#include "TerminalText.h"
+
+namespace tool {
+namespace {
+
+std::string Number(VKT::u64 count)
+{
+    return std::to_string(count);
+}
+
+// "1 point", "2 points"
+std::string Counted(VKT::u64 count, const std::string& thing)
+{
+    return Number(count) + " " + thing + (count == 1 ? "" : "s");
+}
+
+std::string ToText(const Sizes& sizes)
+{
+    return Counted(sizes.points, "point") + ", " + Counted(sizes.polygons, "polygon") + ", " +
+           Counted(sizes.corners, "corner");
+}
+
+// A line of the head: the values stand below each other.
+std::string Line(std::string key, const std::string& value)
+{
+    key.resize(12, ' ');
+    return key + CleanText(value) + "\n";
+}
+
+std::string ToText(const RecordSummary& record)
+{
+    std::string out;
+    const auto add = [&out](const char* key, const std::string& value) {
+        if (!value.empty())
+            out += Line(key, value);
+    };
+    add("written by", record.application);
+    add("from", record.originalFile);
+    add("user", record.user);
+    add("machine", record.host);
+    add("date", record.date);
+    add("images in", record.textureFile == "none" ? "" : record.textureFile);
+    return out;
+}
+
+std::string ToText(const GeometrySummary& geometry)
+{
+    std::string out =
+        "  " + CleanText(geometry.name) + " (" + geometry.type + "): " + ToText(geometry.sizes) + "\n";
+    for (const IndexSetSummary& set : geometry.indexSets)
+        out += "    index set " + Quoted(CleanText(set.name)) + ": " + Number(set.indices) + "\n";
+    for (const VertexSetSummary& set : geometry.vertexSets) {
+        out += "    vertex set " + Quoted(CleanText(set.name)) + ": " + Number(set.elements) + " x " +
+               Counted(set.elementSize, "float") + ", " + set.usage;
+        out += set.indexSet.empty() ? "\n" : ", by " + Quoted(CleanText(set.indexSet)) + "\n";
+    }
+    return out;
+}
+
+}  // namespace
+
+std::string ToText(const Summary& summary)
+{
+    std::string out = Line("file", summary.file) + Line("size", Counted(summary.bytes, "byte")) +
+                      Line("form", NameOf(summary.form)) + Line("version", Number(summary.version));
+    out += summary.record ? ToText(*summary.record) : Line("record", "none");
+    out += Line("nodes", Number(summary.nodes));
+    for (const auto& [type, count] : summary.nodesByType)
+        out += "  " + Number(count) + " " + CleanText(type) + "\n";
+    out += Line("instances", Number(summary.instances));
+    out += Line("images", Number(summary.images));
+    if (summary.droppedChunks > 0)
+        out += Line("dropped", Counted(summary.droppedChunks, "chunk") + " that could not be read");
+    out += Line("geometry", summary.geometry.empty() ? "none" : ToText(summary.sizes));
+    for (const GeometrySummary& geometry : summary.geometry)
+        out += ToText(geometry);
+    return out;
+}
+
+}  // namespace tool

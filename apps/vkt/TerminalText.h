@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tool {
+
+// The text with everything made visible that could steer a terminal: control
+// characters, marks that turn the direction of writing, and bytes that are no UTF-8
+// come out as `\x1b`. Names from files are untrusted, and output is often read later in
+// a terminal, so all text is cleaned, whatever it is written to. Line ends count as
+// control characters.
+std::string CleanText(std::string_view text);
+
+// The text as it is, between double quotes.
+std::string Quoted(std::string_view text);
+
+}  // namespace tool

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <vector>
+
+class INode;
+
+namespace tool {
+
+// A node of the host as a bone of the document: parents stand before their children.
+struct PlacedNode {
+    INode* node = nullptr;
+    int parent = -1;  // place of its parent in the list, -1 when that is not exported
+};
+
+// What the scene format cannot carry of a node's transform. A bone turns, moves and
+// scales along its own axes; it neither shears nor mirrors. A mirror of the node itself
+// is kept in its vertices.
+enum class TransformLoss {
+    None,
+    Collapsed,  // a node above it is scaled to nothing
+    Mirror,     // a node above it is mirrored
+    Shear,      // its axes are not square to each other, in the world or in its parent
+};
+
+// By place in the list, at time 0; of several losses the first of the enumeration.
+std::vector<TransformLoss> FindTransformLosses(const std::vector<PlacedNode>& nodes);
+
+}  // namespace tool

@@ -1,0 +1,86 @@
+#include "host/controllers/PRSController.h"
+
+#include "host/controllers/AffineParts.h"
+#include "host/controllers/XYZController.h"
+
+namespace maxhost {
+
+PRSController::PRSController()
+    : m_position(*this, new PositionXYZ), m_rotation(*this, new EulerXYZ), m_scale(*this, new BezierScale)
+{
+}
+
+MSTR PRSController::SubAnimName(int i)
+{
+    const char* const names[] = {"Position", "Rotation", "Scale"};
+    return names[i];
+}
+
+Control* PRSController::GetPart(int i)
+{
+    return (i == 0 ? m_position : i == 1 ? m_rotation : m_scale).Get();
+}
+
+void PRSController::SetReference(int i, RefTargetHandle target)
+{
+    (i == 0 ? m_position : i == 1 ? m_rotation : m_scale).Set(static_cast<Control*>(target));
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
+}
+
+RefResult PRSController::NotifyRefChanged(Interval changed, RefTargetHandle, PartID& part, RefMessage message)
+{
+    return NotifyDependents(changed, part, message);
+}
+
+BOOL PRSController::SetPositionController(Control* controller)
+{
+    return Replace(0, controller, CTRL_POSITION_CLASS_ID);
+}
+
+BOOL PRSController::SetRotationController(Control* controller)
+{
+    return Replace(1, controller, CTRL_ROTATION_CLASS_ID);
+}
+
+BOOL PRSController::SetScaleController(Control* controller)
+{
+    return Replace(2, controller, CTRL_SCALE_CLASS_ID);
+}
+
+BOOL PRSController::Replace(int i, Control* controller, SClass_ID superClass)
+{
+    if (!controller || controller->SuperClassID() != superClass)
+        return FALSE;
+    SetReference(i, controller);
+    return TRUE;
+}
+
+void PRSController::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod method)
+{
+    Matrix3& tm = *static_cast<Matrix3*>(val);
+    if (method == CTRL_ABSOLUTE)
+        tm.IdentityMatrix();
+    for (int i = 0; i < 3; ++i)
+        if (Control* part = GetPart(i))
+            part->GetValue(t, &tm, valid, CTRL_RELATIVE);
+}
+
+void PRSController::SetValue(TimeValue t, void* val, int commit, GetSetMethod method)
+{
+    Matrix3 local = *static_cast<Matrix3*>(val);
+    if (method == CTRL_RELATIVE) {
+        Interval valid = FOREVER;
+        Matrix3 current;
+        GetValue(t, &current, valid, CTRL_ABSOLUTE);
+        local = local * current;
+    }
+    AffineParts parts = TakeApart(local);
+    if (m_position)
+        m_position->SetValue(t, &parts.position, commit, CTRL_ABSOLUTE);
+    if (m_rotation)
+        m_rotation->SetValue(t, &parts.rotation, commit, CTRL_ABSOLUTE);
+    if (m_scale)
+        m_scale->SetValue(t, &parts.scale, commit, CTRL_ABSOLUTE);
+}
+
+}  // namespace maxhost

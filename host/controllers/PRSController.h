@@ -1,0 +1,48 @@
+#pragma once
+
+#include "control.h"
+#include "host/core/References.h"
+#include "plugapi.h"
+
+namespace maxhost {
+
+// The usual transform controller: a point is scaled first, then turned, then moved.
+// A new one has position XYZ, Euler XYZ and a Bezier scale, which has no X, Y, Z.
+class PRSController final : public Control {
+public:
+    PRSController();
+
+    SClass_ID SuperClassID() override { return CTRL_MATRIX3_CLASS_ID; }
+    Class_ID ClassID() override { return Class_ID(PRS_CONTROL_CLASS_ID, 0); }
+    void GetClassName(MSTR& name) override { name = "Position/Rotation/Scale"; }
+    BOOL IsLeaf() override { return FALSE; }
+
+    int NumSubs() override { return 3; }
+    Animatable* SubAnim(int i) override { return GetPart(i); }
+    MSTR SubAnimName(int i) override;
+    int NumRefs() override { return 3; }
+    RefTargetHandle GetReference(int i) override { return GetPart(i); }
+    void SetReference(int i, RefTargetHandle target) override;
+    RefResult NotifyRefChanged(Interval changed, RefTargetHandle, PartID& part, RefMessage message) override;
+
+    Control* GetPositionController() override { return m_position.Get(); }
+    Control* GetRotationController() override { return m_rotation.Get(); }
+    Control* GetScaleController() override { return m_scale.Get(); }
+    // FALSE for a controller of another kind.
+    BOOL SetPositionController(Control* controller) override;
+    BOOL SetRotationController(Control* controller) override;
+    BOOL SetScaleController(Control* controller) override;
+
+    void GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod method) override;
+    void SetValue(TimeValue t, void* val, int commit, GetSetMethod method) override;
+
+private:
+    Control* GetPart(int i);
+    BOOL Replace(int i, Control* controller, SClass_ID superClass);
+
+    Reference<Control> m_position;
+    Reference<Control> m_rotation;
+    Reference<Control> m_scale;
+};
+
+}  // namespace maxhost

@@ -1,0 +1,139 @@
+#include "host/core/HeadlessHost.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+
+#include "host/controllers/Controllers.h"
+#include "host/core/HostInterface.h"
+#include "host/core/Module.h"
+#include "host/core/Scene.h"
+#include "host/materials/Materials.h"
+#include "host/modifiers/Modifiers.h"
+#include "host/objects/Objects.h"
+#include "impapi.h"
+
+namespace maxhost {
+
+namespace {
+
+std::string LowerCase(std::string text)
+{
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
+}  // namespace
+
+HeadlessHost& HeadlessHost::Get()
+{
+    static HeadlessHost host;
+    return host;
+}
+
+HeadlessHost::HeadlessHost()
+    : m_scene(std::make_unique<Scene>()), m_interface(std::make_unique<HostInterface>(*this))
+{
+    AddObjectClasses(m_classes);
+    AddModifierClasses(m_classes);
+    AddControllerClasses(m_classes);
+    AddMaterialClasses(m_classes);
+}
+
+HeadlessHost::~HeadlessHost()
+{
+    m_scene.reset();
+    SceneObjects::FreeAll();
+}
+
+Interface& HeadlessHost::GetInterface()
+{
+    return *m_interface;
+}
+
+void HeadlessHost::Reset()
+{
+    m_scene.reset();
+    SceneObjects::FreeAll();
+    m_scene = std::make_unique<Scene>();
+}
+
+void HeadlessHost::SetDirectory(int which, const std::string& path)
+{
+    m_directories[which] = path;
+}
+
+const std::string& HeadlessHost::GetDirectory(int which)
+{
+    std::string& path = m_directories[which];
+    if (path.empty())
+        path = std::filesystem::temp_directory_path().string();
+    return path;
+}
+
+bool HeadlessHost::LoadModule(const std::string& path, std::string& error)
+{
+    std::unique_ptr<Module> module = Module::Load(path, m_classes, error);
+    if (!module)
+        return false;
+    m_modules.push_back(std::move(module));
+    // A module that is still loaded when the program ends is shut down before its own
+    // static objects die: they were made before this handler is entered.
+    std::atexit([] { Get().UnloadModules(); });
+    return true;
+}
+
+void HeadlessHost::UnloadModules()
+{
+    while (!m_modules.empty())
+        m_modules.pop_back();
+}
+
+SceneExport* HeadlessHost::FindExporter(const std::string& extension)
+{
+    for (ClassDesc* desc : m_classes.FindAll(SCENE_EXPORT_CLASS_ID)) {
+        SceneExport* exporter = static_cast<SceneExport*>(desc->Create(FALSE));
+        if (!exporter)
+            continue;
+        for (int i = 0; i < exporter->ExtCount(); ++i)
+            if (LowerCase(exporter->Ext(i)) == extension)
+                return exporter;
+        delete exporter;
+    }
+    return nullptr;
+}
+
+int HeadlessHost::Export(const std::string& path, const ExportOptions& options, std::string& error)
+{
+    std::string extension = LowerCase(std::filesystem::path(path).extension().string());
+    extension.erase(0, 1);
+    try {
+        const std::unique_ptr<SceneExport> exporter(FindExporter(extension));
+        if (!exporter) {
+            error = "no loaded module exports files of type \"" + extension + "\"";
+            return IMPEXP_FAIL;
+        }
+        const DWORD flags = options.selectedOnly ? SCENE_EXPORT_SELECTED : 0;
+        if (flags != 0 && !exporter->SupportsOptions(0, flags)) {
+            error = std::string(exporter->ShortDesc()) + " can't export a selection";
+            return IMPEXP_FAIL;
+        }
+        ExpInterface expInterface;
+        return exporter->DoExport(path.c_str(), &expInterface, m_interface.get(), options.suppressPrompts,
+                                  flags);
+    } catch (const std::exception& exception) {
+        error = std::string("the exporter failed: ") + exception.what();
+        return IMPEXP_FAIL;
+    }
+}
+
+void HeadlessHost::WriteDebugText(const char* text) const
+{
+    if (m_debugListener)
+        m_debugListener(text);
+}
+
+}  // namespace maxhost

@@ -1,0 +1,84 @@
+#include "host/core/Module.h"
+
+namespace maxhost {
+
+namespace {
+
+using DescriptionFunction = const MCHAR*();
+using NumberFunction = int();
+using ClassFunction = ClassDesc*(int);
+using VersionFunction = ULONG();
+
+constexpr ULONG kVersion = VERSION_3DSMAX;
+
+}  // namespace
+
+Module::Module(const std::string& path, ClassDirectory& directory, std::string& error)
+    : m_path(path), m_directory(directory), m_file(path, error)
+{
+}
+
+std::unique_ptr<Module> Module::Load(const std::string& path, ClassDirectory& classes, std::string& error)
+{
+    std::string reason;
+    std::unique_ptr<Module> module(new Module(path, classes, reason));
+    if (module->m_file.IsOpen() && module->Start(reason) && module->Register(reason))
+        return module;
+    error = path + ": " + reason;
+    return nullptr;
+}
+
+bool Module::Start(std::string& error)
+{
+    for (const char* name : {"LibVersion", "LibDescription", "LibNumberClasses", "LibClassDesc"}) {
+        if (!ModuleFile::FindSymbol(m_file.GetHandle(), name)) {
+            error = std::string("is no plug-in: it does not export ") + name;
+            return false;
+        }
+    }
+    const ULONG version = m_file.Find<VersionFunction>("LibVersion")();
+    if (version != kVersion) {
+        error = "was built for version " + std::to_string(version) + " of the host, this is version " +
+                std::to_string(kVersion);
+        return false;
+    }
+    NumberFunction* initialize = m_file.Find<NumberFunction>("LibInitialize");
+    if (initialize && initialize() == 0) {
+        error = "refused to start";
+        return false;
+    }
+    m_started = true;
+    const MCHAR* description = m_file.Find<DescriptionFunction>("LibDescription")();
+    m_description = description ? description : "";
+    return true;
+}
+
+bool Module::Register(std::string& error)
+{
+    const int count = m_file.Find<NumberFunction>("LibNumberClasses")();
+    ClassFunction* describe = m_file.Find<ClassFunction>("LibClassDesc");
+    for (int i = 0; i < count; ++i) {
+        ClassDesc* desc = describe(i);
+        if (!desc) {
+            error = "has no class " + std::to_string(i) + " of " + std::to_string(count);
+            return false;
+        }
+        if (!m_directory.Add(*desc)) {
+            error = std::string("brings class \"") + desc->ClassName() + "\", which is there already";
+            return false;
+        }
+        m_classes.push_back(desc);
+    }
+    return true;
+}
+
+Module::~Module()
+{
+    for (ClassDesc* desc : m_classes)
+        m_directory.Remove(*desc);
+    NumberFunction* shutdown = m_started ? m_file.Find<NumberFunction>("LibShutdown") : nullptr;
+    if (shutdown)
+        shutdown();
+}
+
+}  // namespace maxhost

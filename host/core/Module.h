@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/core/ClassDirectory.h"
+#include "host/core/ModuleFile.h"
+
+namespace maxhost {
+
+// A loaded plug-in module whose classes stand in a directory. Its end takes them out,
+// shuts the module down and unloads it.
+class Module {
+public:
+    // Null when the file can't be loaded, exports not what a plug-in must, was built for
+    // another release, refuses to start, or brings a class that is there already.
+    // `error` then names the file and the reason.
+    static std::unique_ptr<Module> Load(const std::string& path, ClassDirectory& classes, std::string& error);
+    Module(const Module&) = delete;
+    Module& operator=(const Module&) = delete;
+    ~Module();
+
+    const std::string& GetPath() const { return m_path; }
+    const std::string& GetDescription() const { return m_description; }
+    const std::vector<ClassDesc*>& GetClasses() const { return m_classes; }
+
+private:
+    Module(const std::string& path, ClassDirectory& directory, std::string& error);
+    bool Start(std::string& error);
+    bool Register(std::string& error);
+
+    std::string m_path;
+    ClassDirectory& m_directory;
+    ModuleFile m_file;
+    std::string m_description;
+    std::vector<ClassDesc*> m_classes;
+    bool m_started = false;
+};
+
+}  // namespace maxhost

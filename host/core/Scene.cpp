@@ -1,0 +1,105 @@
+#include "host/core/Scene.h"
+
+#include <algorithm>
+#include <string>
+
+#include "host/controllers/PRSController.h"
+#include "host/core/Node.h"
+
+namespace maxhost {
+
+namespace {
+
+// About 140 MB of matrices at most.
+constexpr std::size_t kCachedMatrices = 2'000'000;
+
+// Parents before children, children in order.
+std::vector<Node*> AllBelow(Node& top)
+{
+    std::vector<Node*> nodes;
+    std::vector<Node*> pending{&top};
+    while (!pending.empty()) {
+        Node* node = pending.back();
+        pending.pop_back();
+        nodes.push_back(node);
+        pending.insert(pending.end(), node->Children().rbegin(), node->Children().rend());
+    }
+    return nodes;
+}
+
+std::string NewName(Object* object, ULONG handle)
+{
+    MSTR className = "Node";
+    if (object)
+        object->GetClassName(className);
+    const std::string number = std::to_string(handle);
+    return className.data() + (number.size() < 2 ? "0" + number : number);
+}
+
+}  // namespace
+
+Scene::Scene() : m_worldCaches(kCachedMatrices), m_root(new Node(*this, ++m_lastHandle))
+{
+    char name[] = "Scene Root";
+    m_root->SetName(name);
+}
+
+Scene::~Scene()
+{
+    for (Node* node : AllBelow(*m_root))
+        delete node;
+}
+
+Node& Scene::AddNode(Object* object)
+{
+    const ULONG handle = ++m_lastHandle;
+    Node* node = new Node(*this, handle);
+    std::string name = NewName(object, handle - 1);
+    node->SetName(name.data());
+    node->SetTMController(new PRSController);
+    node->SetObjectRef(object);
+    node->SetParent(m_root);
+    return *node;
+}
+
+void Scene::RemoveNode(Node& node)
+{
+    if (&node == m_root)
+        return;
+    const std::vector<Node*> children = node.Children();
+    for (Node* child : children)
+        child->Detach(m_time, TRUE);
+    node.SetParent(nullptr);
+    std::erase(m_selection, &node);
+    delete &node;
+}
+
+Node* Scene::FindNode(std::string_view name)
+{
+    const std::vector<Node*> nodes = AllBelow(*m_root);
+    const auto found =
+        std::find_if(nodes.begin(), nodes.end(), [&](Node* node) { return node->GetName() == name; });
+    return found != nodes.end() ? *found : nullptr;
+}
+
+void Scene::Select(Node& node)
+{
+    if (node.Selected())
+        return;
+    node.SetSelected(true);
+    m_selection.push_back(&node);
+}
+
+void Scene::ClearSelection()
+{
+    for (Node* node : m_selection)
+        node->SetSelected(false);
+    m_selection.clear();
+}
+
+void Scene::SetTicksPerFrame(int ticks)
+{
+    m_ticksPerFrame = std::clamp(ticks, 1, TIME_TICKSPERSEC);
+}
+
+}  // namespace maxhost

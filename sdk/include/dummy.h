@@ -1,0 +1,24 @@
+#pragma once
+
+#include "object.h"
+
+extern CoreExport Class_ID dummyClassID;
+
+// A helper that is a box to look at, and a transform.
+class CoreExport DummyObject : public HelperObject {
+public:
+    Class_ID ClassID() override { return Class_ID(DUMMY_CLASS_ID, 0); }
+    void GetClassName(MSTR& name) override { name = "Dummy"; }
+    ObjectState Eval(TimeValue) override { return ObjectState(this); }
+
+    Box3 GetBox() const { return m_box; }
+    void SetBox(Box3& box) { m_box = box; }
+    void SetColor(Point3 colour) { m_colour = colour; }
+    void EnableDisplay() { m_displayed = true; }
+    void DisableDisplay() { m_displayed = false; }
+
+private:
+    Box3 m_box = Box3(Point3(-10, -10, -10), Point3(10, 10, 10));
+    Point3 m_colour = Point3(0, 0, 0);
+    bool m_displayed = true;
+};

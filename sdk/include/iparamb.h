@@ -1,0 +1,13 @@
+#pragma once
+
+#include "ref.h"
+
+class IParamBlock;
+
+// Numbered parameters of the old style. Not an Animatable.
+class CoreExport IParamArray {
+public:
+    virtual ~IParamArray() = default;
+    // The block, when the array is one.
+    virtual IParamBlock* GetParamBlock() { return nullptr; }
+};

@@ -1,0 +1,147 @@
+#pragma once
+
+#include <vector>
+
+#include "baseinterface.h"
+#include "mesh.h"
+
+// Of components.
+#define MN_DEAD (1 << 1)
+// Of the mesh.
+#define MN_MESH_FILLED_IN (1 << 1)
+
+class CoreExport FlagUser {
+public:
+    void SetFlag(DWORD f, bool on = true) { m_flags = on ? m_flags | f : m_flags & ~f; }
+    void ClearFlag(DWORD f) { m_flags &= ~f; }
+    bool GetFlag(DWORD f) const { return (m_flags & f) != 0; }
+
+private:
+    DWORD m_flags = 0;
+};
+
+class MNVert : public FlagUser {
+public:
+    Point3 p;
+    int orig = -1;
+};
+
+// An edge from v1 to v2: f1 runs along it, f2 against it (-1 at a border).
+class MNEdge : public FlagUser {
+public:
+    int v1 = 0;
+    int v2 = 0;
+    int f1 = -1;
+    int f2 = -1;
+};
+
+// A polygon of `deg` corners, counter-clockwise seen from outside. `edg` is null until
+// the mesh is filled in: edge i runs from corner i to the next.
+class CoreExport MNFace : public FlagUser {
+public:
+    int deg = 0;
+    int* vtx = nullptr;
+    int* edg = nullptr;
+    DWORD smGroup = 0;
+    MtlID material = 0;
+    int track = 0;
+
+    MNFace() = default;
+    MNFace(const MNFace& other);
+    MNFace& operator=(const MNFace& other);
+    ~MNFace();
+
+    // Copies the array of `fdeg` vertices.
+    void MakePoly(int fdeg, int* vertices);
+    void SetEdges(int* edges);
+};
+
+// A polygon in a map channel.
+class CoreExport MNMapFace {
+public:
+    int deg = 0;
+    int* tv = nullptr;
+
+    MNMapFace() = default;
+    MNMapFace(const MNMapFace& other);
+    MNMapFace& operator=(const MNMapFace& other);
+    ~MNMapFace();
+
+    void MakePoly(int fdeg, int* vertices);
+};
+
+class CoreExport MNMap : public FlagUser {
+public:
+    int numv = 0;
+    int numf = 0;
+    UVVert* v = nullptr;
+    MNMapFace* f = nullptr;
+
+    MNMap() = default;
+    MNMap(const MNMap& other);
+    MNMap& operator=(const MNMap& other);
+
+    void setNumVerts(int count);
+    void setNumFaces(int count);
+    int VNum() const { return numv; }
+    int FNum() const { return numf; }
+    UVVert& V(int i) { return v[i]; }
+    MNMapFace* F(int i) { return &f[i]; }
+
+private:
+    void Publish();
+
+    std::vector<UVVert> m_verts;
+    std::vector<MNMapFace> m_faces;
+};
+
+// A polygon mesh. Map channels are numbered as in Mesh; one that isn't used is dead.
+class CoreExport MNMesh : public FlagUser, public BaseInterfaceServer {
+public:
+    MNVert* v = nullptr;
+    MNEdge* e = nullptr;
+    MNFace* f = nullptr;
+    int numv = 0;
+    int nume = 0;
+    int numf = 0;
+    int numm = 0;
+
+    MNMesh() = default;
+    MNMesh(const MNMesh& other);
+    MNMesh& operator=(const MNMesh& other);
+
+    MNVert* V(int i) const { return &v[i]; }
+    MNEdge* E(int i) const { return &e[i]; }
+    MNFace* F(int i) const { return &f[i]; }
+    Point3& P(int i) const { return v[i].p; }
+    MNMap* M(int channel) const { return &m_maps[static_cast<size_t>(channel)]; }
+    int MNum() const { return numm; }
+
+    void setNumVerts(int count);
+    void setNumEdges(int count);
+    void setNumFaces(int count);
+    // New channels are dead until they get InitMap.
+    void SetMapNum(int count);
+    // Brings a channel to life, with a polygon like each of the mesh's, all corners on
+    // the one vertex 0.
+    void InitMap(int channel);
+    void Clear();
+    void ClearAndFree();
+
+    // Derives the edges; nothing happens when that was done already.
+    void FillInMesh();
+    void InvalidateGeomCache() {}
+    void InvalidateTopoCache(bool clearFlags = true);
+
+    // Cuts every living polygon into triangles; material numbers, smoothing groups and
+    // map channels follow.
+    void OutToTri(Mesh& mesh) const;
+
+private:
+    void Publish();
+
+    std::vector<MNVert> m_verts;
+    std::vector<MNEdge> m_edges;
+    std::vector<MNFace> m_faces;
+    mutable std::vector<MNMap> m_maps;
+};

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <string>
+
+#include "maxtypes.h"
+
+// An 8-bit string that owns its buffer. Its length ends at the first null, so
+// that a buffer filled through data() after Resize() counts as what it holds.
+class CoreExport CStr {
+public:
+    CStr() = default;
+    CStr(const char* text);
+    CStr(const wchar_t* text);  // through the C locale's multibyte form
+    CStr(const CStr&) = default;
+    CStr& operator=(const CStr&) = default;
+    CStr& operator=(const char* text);
+
+    char* data() { return m_text.data(); }
+    const char* data() const { return m_text.c_str(); }
+    operator char*() { return data(); }
+    operator const char*() const { return data(); }
+
+    int Length() const;
+    int length() const { return Length(); }
+    BOOL isNull() const { return Length() == 0; }
+    // Makes room for `size` characters without the ending null; keeps what fits.
+    void Resize(int size);
+
+    CStr operator+(const CStr& tail) const;
+    CStr operator+(const char* tail) const;
+    CStr& operator+=(const CStr& tail) { return Append(tail); }
+    CStr& operator+=(const char* tail);
+    CStr& Append(const CStr& tail);
+    CStr& remove(int position);
+    CStr& remove(int position, int count);
+    CStr Substr(int start, int count) const;
+    char& operator[](int i) { return data()[i]; }
+    const char& operator[](int i) const { return data()[i]; }
+
+    // Position of a character, -1 when it isn't there.
+    int first(char c) const;
+    int last(char c) const;
+
+    bool operator==(const CStr& other) const;
+    bool operator!=(const CStr& other) const { return !(*this == other); }
+    bool operator<(const CStr& other) const;
+    bool operator==(const char* other) const { return *this == CStr(other); }
+    bool operator!=(const char* other) const { return !(*this == other); }
+
+    void toUpper();
+    void toLower();
+    // Answers the number of characters, negative on a format error.
+    int printf(const char* format, ...);
+
+private:
+    std::string m_text;
+};
+
+using MSTR = CStr;
+#define TSTR CStr

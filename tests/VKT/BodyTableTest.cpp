@@ -1,0 +1,419 @@
+#include "VKT/BodyTable.h"
+
+#include <bit>
+
+#include "VKT/NodeClass.h"
+#include "VKT/NodeTest.h"
+
+using namespace VKT;
+using namespace VKT::Test;
+
+namespace {
+
+// A class with a field of every kind.
+class Record : public XNodeClass<Record, XBase, 1000> {
+public:
+    using XNodeClass::XNodeClass;
+
+    static XBodyTable TextBody()
+    {
+        static constexpr XBodyRow rows[] = {
+            {"\tflag ", &Record::flag},
+            {"\tnumber\t", &Record::number},
+            {"\tcount ", &Record::count},
+            {"\t\tpair ", &Record::first, " "},
+            {"", &Record::second},
+            {"\tvector ", &Record::vector},
+            {"\tcolour ", &Record::colour},
+            {"\tthree ", FirstThree(&Record::three)},
+            {"\tquaternion ", &Record::quaternion},
+            {"\tmatrix\n", &Record::matrix},
+            {"\tlimits ", &Record::limits},
+            &Record::input,
+            InputId(&Record::connected),
+            {"\tnode ", NodeId(&Record::node)},
+            {"\tids ", &Record::ids},
+            {"\tword ", XStoredText{WriteWord, ReadWord}},
+            Since(4, {"\tlater ", &Record::later}),
+            ReadSince(4, {"\tread_later ", &Record::readLater}),
+        };
+        return {".\\src\\VKT\\Record", rows};
+    }
+    static XBodyTable BinaryBody()
+    {
+        static constexpr XBodyRow rows[] = {
+            &Record::flag,
+            &Record::number,
+            &Record::count,
+            &Record::first,
+            &Record::second,
+            &Record::vector,
+            &Record::colour,
+            FirstThree(&Record::three),
+            &Record::quaternion,
+            &Record::matrix,
+            &Record::limits,
+            &Record::input,
+            InputId(&Record::connected),
+            NodeId(&Record::node),
+            &Record::ids,
+            Since(4, &Record::later),
+            ReadSince(4, &Record::readLater),
+        };
+        return {".\\src\\VKT\\Record", rows};
+    }
+
+    static void WriteWord(const XBase& node, XTextWriter& out) { out << static_cast<const Record&>(node).word << '\n'; }
+    static bool ReadWord(XBase& node, XTextReader& in) { return in.ReadToken(static_cast<Record&>(node).word); }
+
+    bool flag = false;
+    i32 number = 0;
+    u32 count = 0;
+    f32 first = 0;
+    f32 second = 0;
+    XVector3 vector{};
+    XColour colour{};
+    XColour three{0, 0, 0, 0.25f};
+    XQuaternion quaternion{};
+    XMatrix matrix = kIdentityMatrix;
+    XLimitPair limits;
+    XShaderInput input{"glow"};
+    XShaderInput connected{"bump"};
+    u32 node = 0;
+    XIndexList ids;
+    XString word = "nothing";
+    f32 later = 0;
+    f32 readLater = 0;
+};
+
+void Fill(Record& record)
+{
+    record.flag = true;
+    record.number = -2;
+    record.count = 3;
+    record.first = 4;
+    record.second = 5;
+    record.vector = {6, 7, 8, 0};
+    record.colour = {9, 10, 11, 12};
+    record.three = {13, 14, 15, 16};
+    record.quaternion = {17, 18, 19, 20};
+    for (int i = 0; i < 16; ++i)
+        record.matrix[static_cast<std::size_t>(i)] = static_cast<f32>(21 + i);
+    record.limits = {37, 38};
+    record.input.colour = {39, 40, 41, 42};
+    record.input.input = 43;
+    record.connected.input = 44;
+    record.node = 45;
+    record.ids = {46, 47};
+    record.word = "fortyeight";
+    record.later = 49;
+    record.readLater = 50;
+}
+
+constexpr const char kFilledText[] =
+    "\tflag 1\n"
+    "\tnumber\t-2\n"
+    "\tcount 3\n"
+    "\t\tpair 4 5\n"
+    "\tvector 6 7 8\n"
+    "\tcolour 9 10 11 12\n"
+    "\tthree 13 14 15\n"
+    "\tquaternion 17 18 19 20\n"
+    "\tmatrix\n"
+    "\t\t21 22 23 24\n"
+    "\t\t25 26 27 28\n"
+    "\t\t29 30 31 32\n"
+    "\t\t33 34 35 36\n"
+    "\tlimits 37 38\n"
+    "\tglow 39 40 41 42 input 43\n"
+    "\tbump 44\n"
+    "\tnode 45\n"
+    "\tids 2 46 47\n"
+    "\tword fortyeight\n"
+    "\tlater 49\n"
+    "\tread_later 50\n";
+
+constexpr const char kFilledBytes[] =
+    "00 00 00 00 00 00 "              // no name, id 0
+    "01 "                             // flag
+    "fe ff ff ff 03 00 00 00 "        // number, count
+    "00 00 80 40 00 00 a0 40 "        // the pair
+    "00 00 c0 40 00 00 e0 40 00 00 00 41 "
+    "00 00 10 41 00 00 20 41 00 00 30 41 00 00 40 41 "
+    "00 00 50 41 00 00 60 41 00 00 70 41 "  // three of four
+    "00 00 88 41 00 00 90 41 00 00 98 41 00 00 a0 41 "
+    "00 00 a8 41 00 00 b0 41 00 00 b8 41 00 00 c0 41 "
+    "00 00 c8 41 00 00 d0 41 00 00 d8 41 00 00 e0 41 "
+    "00 00 e8 41 00 00 f0 41 00 00 f8 41 00 00 00 42 "
+    "00 00 04 42 00 00 08 42 00 00 0c 42 00 00 10 42 "
+    "00 00 14 42 00 00 18 42 "        // limits
+    "2b 00 00 00 00 00 1c 42 00 00 20 42 00 00 24 42 00 00 28 42 04 00 67 6c 6f 77 "
+    "2c 00 00 00 "                    // the connected node alone
+    "2d 00 00 00 "
+    "02 00 00 00 2e 00 00 00 2f 00 00 00 "
+    "00 00 44 42 00 00 48 42";
+
+class BodyTable : public NodeTest {};
+
+TEST_F(BodyTable, EachKindIsWrittenAsItsRowSays)
+{
+    Record record(&m_Model);
+    Fill(record);
+    EXPECT_EQ(TextOf(record), kFilledText);
+}
+
+TEST_F(BodyTable, TextReadsBack)
+{
+    Record record(&m_Model);
+    EXPECT_TRUE(ReadText(record, kFilledText));
+    EXPECT_EQ(TextOf(record), kFilledText);
+    EXPECT_EQ(record.vector.w, 0.0f);
+    EXPECT_EQ(record.three.a, 0.25f);
+    EXPECT_EQ(m_Log.Text(), "");
+}
+
+TEST_F(BodyTable, EachKindHasItsBytes)
+{
+    Record record(&m_Model);
+    Fill(record);
+    EXPECT_EQ(Hex(BodyOf(record)), kFilledBytes);
+    EXPECT_EQ(record.GetDataSize(), 8 + BodyOf(record).size());
+}
+
+TEST_F(BodyTable, BytesReadBack)
+{
+    Record record(&m_Model);
+    record.word = "fortyeight";  // has no binary form
+    EXPECT_TRUE(ReadBody(record, Bytes(kFilledBytes)));
+    EXPECT_EQ(TextOf(record), kFilledText);
+    EXPECT_EQ(record.three.a, 0.25f);
+}
+
+TEST_F(BodyTable, CopyTakesWhatTheBinaryBodyListsAndNoMore)
+{
+    Record record(&m_Model);
+    Fill(record);
+    Record copy(&m_Model);
+    copy.DoCopy(&record);
+    EXPECT_EQ(TextOf(copy), Replaced(kFilledText, "fortyeight", "nothing"));
+    EXPECT_EQ(copy.three.a, 16.0f);
+}
+
+TEST_F(BodyTable, CopyFromAForeignClassDoesNothing)
+{
+    const XBase* bone = m_Model.CreateNode(kFnBone);
+    Record record(&m_Model);
+    Fill(record);
+    record.DoCopy(bone);
+    record.DoCopy(nullptr);
+    EXPECT_EQ(TextOf(record), kFilledText);
+}
+
+TEST_F(BodyTable, KeysAreReadWithoutRegardToCaseAndLineEnds)
+{
+    Record record(&m_Model);
+    std::string text = kFilledText;
+    for (char& c : text)
+        c = c == '\n' || c == '\t' ? ' ' : c;
+    text = Replaced(Replaced(text, "flag", "FLAG"), "bump", "Bump");
+    EXPECT_TRUE(ReadText(record, text));
+    EXPECT_EQ(TextOf(record), kFilledText);
+}
+
+TEST_F(BodyTable, WrongKeyIsLoggedWithSourceAndRow)
+{
+    Record record(&m_Model);
+    EXPECT_FALSE(ReadText(record, "flag 1 number 2 KNOT 3"));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected count got knot [.\\src\\VKT\\Record:3]\n");
+    EXPECT_TRUE(record.flag);
+    EXPECT_EQ(record.number, 2);
+}
+
+TEST_F(BodyTable, WrongKeyOfAnInputIsLoggedWithTheInputsName)
+{
+    Record record(&m_Model);
+    EXPECT_FALSE(ReadText(record, Replaced(kFilledText, "glow", "shine")));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected glow got shine [.\\src\\VKT\\Record:12]\n");
+    m_Log.Clear();
+    EXPECT_FALSE(ReadText(record, Replaced(kFilledText, "input", "tex")));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected input got tex [.\\src\\VKT\\Record:12]\n");
+    m_Log.Clear();
+    EXPECT_FALSE(ReadText(record, Replaced(kFilledText, "bump", "bulge")));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected bump got bulge [.\\src\\VKT\\Record:13]\n");
+}
+
+TEST_F(BodyTable, NumberThatIsNoneIsSeenAtTheNextKey)
+{
+    Record record(&m_Model);
+    EXPECT_FALSE(ReadText(record, "flag 1 number x count 3"));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected count got  [.\\src\\VKT\\Record:3]\n");
+}
+
+TEST_F(BodyTable, ListThatClaimsTooMuchIsSeenAtTheNextKeyAndTakesNoMemory)
+{
+    Record record(&m_Model);
+    EXPECT_FALSE(ReadText(record, Replaced(kFilledText, "ids 2", "ids 4294967295")));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected word got  [.\\src\\VKT\\Record:16]\n");
+    EXPECT_LT(record.ids.capacity(), 100u);
+}
+
+TEST_F(BodyTable, LastNumberThatIsNoneFailsWithoutAMessage)
+{
+    Record record(&m_Model);
+    EXPECT_FALSE(ReadText(record, Replaced(kFilledText, "read_later 50", "read_later ?")));
+    EXPECT_EQ(m_Log.Text(), "");
+}
+
+TEST_F(BodyTable, OlderTextLacksGatedRowsButIsWrittenWithThem)
+{
+    MakeOlder();
+    Record record(&m_Model);
+    const std::string older = Replaced(kFilledText, "\tlater 49\n\tread_later 50\n", "");
+    EXPECT_TRUE(ReadText(record, older));
+    EXPECT_EQ(TextOf(record), older + "\tlater 0\n\tread_later 0\n");
+}
+
+TEST_F(BodyTable, OlderBytesLackGatedRowsAndReadGatesLeaveWritesAlone)
+{
+    MakeOlder();
+    Record record(&m_Model);
+    const std::string older = Replaced(kFilledBytes, "00 00 44 42 00 00 48 42", "");
+    EXPECT_TRUE(ReadBody(record, Bytes(older)));
+    EXPECT_EQ(record.later, 0.0f);
+    record.readLater = 50;
+    EXPECT_EQ(Hex(BodyOf(record)), Replaced(kFilledBytes, "00 00 44 42 ", ""));
+}
+
+TEST_F(BodyTable, MeasureIsThatOfASaveWhateverTheVersion)
+{
+    MakeOlder();
+    Record record(&m_Model);
+    Fill(record);
+    EXPECT_EQ(record.GetDataSize(), 8 + Bytes(kFilledBytes).size());
+}
+
+TEST_F(BodyTable, EveryCutOfTheBytesFails)
+{
+    const std::string bytes = Bytes(kFilledBytes);
+    for (std::size_t length = 0; length < bytes.size(); ++length) {
+        Record record(&m_Model);
+        EXPECT_FALSE(ReadBody(record, bytes.substr(0, length))) << length;
+    }
+    EXPECT_TRUE(m_Log.Text().starts_with("Error : XFileIO::DoData : expected to read/write 1 elements got 0\n"));
+}
+
+TEST_F(BodyTable, EveryCutOfTheTextFailsUpToItsLastNumber)
+{
+    const std::string text = kFilledText;
+    for (std::size_t length = 0; length < text.find("50"); ++length) {
+        Record record(&m_Model);
+        EXPECT_FALSE(ReadText(record, text.substr(0, length))) << length;
+    }
+}
+
+TEST_F(BodyTable, LimitsPrintTheirSentinels)
+{
+    Record record(&m_Model);
+    EXPECT_NE(TextOf(record).find("\tlimits -INF +INF\n"), std::string::npos);
+    EXPECT_TRUE(ReadText(record, Replaced(kFilledText, "limits 37 38", "limits -INF +INF")));
+    EXPECT_TRUE(IsNoLowerLimit(record.limits.lower));
+    EXPECT_TRUE(IsNoUpperLimit(record.limits.upper));
+}
+
+// A class that had another body in older files.
+class Renewed : public XNodeClass<Renewed, XBase, 1001> {
+public:
+    using XNodeClass::XNodeClass;
+
+    static XBodyTable TextBody()
+    {
+        static constexpr XBodyRow rows[] = {{&Renewed::colour}, {"\tgloss ", &Renewed::gloss}};
+        return {".\\src\\VKT\\Renewed", rows};
+    }
+    static XBodyTable BinaryBody() { return TextBody(); }
+    static XBodyTable OldTextBody()
+    {
+        static constexpr XBodyRow rows[] = {
+            {"old_gloss", &Renewed::gloss},
+            {"old_hue", OldInput(&Renewed::colour, "hue")},
+            {"old_sheen", DroppedInput()},
+            {"old_shine", XStored(XDroppedFloat{})},
+        };
+        return {".\\src\\VKT\\Renewed", rows};
+    }
+    static XBodyTable OldBinaryBody() { return OldTextBody(); }
+
+    XShaderInput colour{"hue"};
+    f32 gloss = 0;
+};
+
+constexpr const char kOldText[] = "old_gloss 1 old_hue 2 3 4 5 tex 6 old_sheen 7 8 9 10 tex 11 old_shine 12";
+constexpr const char kOldBytes[] =
+    "00 00 00 00 00 00 "
+    "00 00 80 3f "
+    "06 00 00 00 00 00 00 40 00 00 40 40 00 00 80 40 00 00 a0 40 07 00 6f 6c 64 5f 68 75 65 "
+    "0b 00 00 00 00 00 e0 40 00 00 00 41 00 00 10 41 00 00 20 41 09 00 6f 6c 64 5f 73 68 65 65 6e "
+    "00 00 40 41";
+constexpr const char kRenewedText[] = "\thue 2 3 4 5 input 6\n\tgloss 1\n";
+
+TEST_F(BodyTable, OldBodyReplacesTheWholeOneInOlderText)
+{
+    MakeOlder();
+    Renewed node(&m_Model);
+    EXPECT_TRUE(ReadText(node, kOldText));
+    EXPECT_EQ(TextOf(node), kRenewedText);
+    EXPECT_FALSE(ReadText(node, kRenewedText));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected old_gloss got hue [.\\src\\VKT\\Renewed:1]\n");
+}
+
+TEST_F(BodyTable, OldBodyReplacesTheWholeOneInOlderBytes)
+{
+    MakeOlder();
+    Renewed node(&m_Model);
+    EXPECT_TRUE(ReadBody(node, Bytes(kOldBytes)));
+    EXPECT_EQ(TextOf(node), kRenewedText);
+}
+
+TEST_F(BodyTable, OldBodyIsNeverWritten)
+{
+    MakeOlder();
+    Renewed node(&m_Model);
+    ASSERT_TRUE(ReadText(node, kOldText));
+    EXPECT_EQ(Hex(BodyOf(node)),
+              "00 00 00 00 00 00 "
+              "06 00 00 00 00 00 00 40 00 00 40 40 00 00 80 40 00 00 a0 40 03 00 68 75 65 "
+              "00 00 80 3f");
+}
+
+TEST_F(BodyTable, WrongNameOfAnOldInputIsRefusedInSilence)
+{
+    MakeOlder();
+    for (const char* name : {"6f 6c 64 5f 68 75 65", "6f 6c 64 5f 73 68 65 65 6e"}) {
+        Renewed node(&m_Model);
+        std::string bytes = Replaced(kOldBytes, name, "6e" + std::string(name).substr(2));
+        EXPECT_FALSE(ReadBody(node, Bytes(bytes)));
+    }
+    EXPECT_EQ(m_Log.Text(), "");
+}
+
+TEST_F(BodyTable, OldKeysAreCheckedLikeAllOthers)
+{
+    MakeOlder();
+    Renewed node(&m_Model);
+    EXPECT_FALSE(ReadText(node, Replaced(kOldText, "tex 11", "input 11")));
+    EXPECT_FALSE(ReadText(node, Replaced(kOldText, "old_shine", "shine")));
+    EXPECT_EQ(m_Log.Text(),
+              "Error : Expected tex got input [.\\src\\VKT\\Renewed:3]\n"
+              "Error : Expected old_shine got shine [.\\src\\VKT\\Renewed:4]\n");
+}
+
+TEST(BodyRow, KeyIsTheLiteralWithoutItsWhiteSpace)
+{
+    EXPECT_EQ(XBodyRow::KeyOf("\t\tleft\t"), "left");
+    EXPECT_EQ(XBodyRow::KeyOf("\tmatrix\n"), "matrix");
+    EXPECT_EQ(XBodyRow::KeyOf("plain"), "plain");
+    EXPECT_EQ(XBodyRow::KeyOf(" "), "");
+    EXPECT_EQ(XBodyRow::KeyOf(""), "");
+}
+
+}  // namespace
