@@ -32,8 +32,8 @@ FileForm FormFor(const ConvertRequest& request)
 // The library's messages above say which chunks they were.
 void SayDropped(const VKT::XModel& model, const std::string& path, Log& log)
 {
-    const std::string count = std::to_string(model.GetNumDroppedChunks());
-    log.Say(Quoted(path) + ": " + count + (count == "1" ? " chunk was" : " chunks were") +
+    const VKT::u32 count = model.GetNumDroppedChunks();
+    log.Say(Quoted(path) + ": " + Counted(count, "chunk") + (count == 1 ? " was" : " were") +
             " dropped as unknown or damaged");
 }
 

@@ -96,10 +96,10 @@ Finding FindAbsent(const SceneContent& content, const VKT::XModel& document)
     const auto check = [&](std::size_t count, VKT::u32 type, const char* what) {
         VKT::XNodeList exported;
         if (count > 0 && !document.List(exported, type))
-            out.lines.push_back(std::to_string(count) + " " + what);
+            out.lines.push_back(Counted(count, what));
     };
-    check(content.materials, VKT::kFnMaterial, "materials");
-    check(content.animations, VKT::kFnAnimationTake, "animations");
+    check(content.materials, VKT::kFnMaterial, "material");
+    check(content.animations, VKT::kFnAnimationTake, "animation");
     return out;
 }
 

@@ -125,11 +125,6 @@ Finding FindBentTransforms(const std::vector<PlacedNode>& nodes)
     return out;
 }
 
-std::string Counted(std::size_t count, const std::string& thing)
-{
-    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
-}
-
 }  // namespace
 
 std::vector<Finding> FindLosses(INode& root, const VKT::XModel& document, bool selectedOnly)

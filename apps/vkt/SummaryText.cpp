@@ -9,12 +9,6 @@ std::string Number(VKT::u64 count)
     return std::to_string(count);
 }
 
-// "1 point", "2 points"
-std::string Counted(VKT::u64 count, const std::string& thing)
-{
-    return Number(count) + " " + thing + (count == 1 ? "" : "s");
-}
-
 std::string ToText(const Sizes& sizes)
 {
     return Counted(sizes.points, "point") + ", " + Counted(sizes.polygons, "polygon") + ", " +

@@ -73,4 +73,11 @@ std::string Quoted(std::string_view text)
     return out;
 }
 
+std::string Counted(std::size_t count, std::string_view thing)
+{
+    std::string out = std::to_string(count) + " ";
+    out += thing;
+    return count == 1 ? out : out + "s";
+}
+
 }  // namespace tool

@@ -14,5 +14,7 @@ std::string CleanText(std::string_view text);
 
 // The text as it is, between double quotes.
 std::string Quoted(std::string_view text);
+// "1 point", "2 points".
+std::string Counted(std::size_t count, std::string_view thing);
 
 }  // namespace tool

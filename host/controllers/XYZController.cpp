@@ -4,8 +4,8 @@
 
 namespace maxhost {
 
-XYZController::XYZController(std::string what, float value)
-    : m_what(std::move(what)),
+XYZController::XYZController(const char* what, float value)
+    : m_what(what),
       m_axes{Reference<Control>(*this, new BezierFloat(value)),
              Reference<Control>(*this, new BezierFloat(value)),
              Reference<Control>(*this, new BezierFloat(value))}
@@ -15,7 +15,7 @@ XYZController::XYZController(std::string what, float value)
 MSTR XYZController::SubAnimName(int i)
 {
     const char* const axes[] = {"X ", "Y ", "Z "};
-    return MSTR(axes[i]) + m_what.c_str();
+    return MSTR(axes[i]) + m_what;
 }
 
 void XYZController::SetReference(int i, RefTargetHandle target)

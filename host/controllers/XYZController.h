@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <string>
 
 #include "host/controllers/KeyedController.h"
 #include "host/core/References.h"
@@ -26,14 +25,14 @@ public:
 
 protected:
     // All three floats start as `value`.
-    XYZController(std::string what, float value);
+    XYZController(const char* what, float value);
     Point3 GetAxes(TimeValue t, Interval& valid);
     void SetAxes(TimeValue t, Point3 values);
 
 private:
     Control* GetAxis(int i) { return m_axes[static_cast<std::size_t>(i)].Get(); }
 
-    std::string m_what;  // "Position" and so on, for the names of the parts
+    const char* m_what;  // "Position" and so on, for the names of the parts
     std::array<Reference<Control>, 3> m_axes;
 };
 

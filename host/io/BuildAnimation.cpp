@@ -21,7 +21,7 @@ constexpr double kLastTick = 5e8;
 constexpr double kRotationTolerance = 1e-3;
 // Keys that may be made in addition to the file's: two keys a day apart must not fill
 // the memory with frames.
-constexpr std::size_t kMostAddedKeys = 4'000'000;
+constexpr std::size_t kMostAddedKeys = 1'000'000;
 
 TimeValue ToTicks(double seconds)
 {
@@ -308,7 +308,8 @@ void AnimationBuilder::SetRange()
     if (m_Last > m_First)
         GetCOREInterface()->SetAnimRange(Interval(m_First, m_Last));
     if (m_LackedKeys)
-        m_Report.warnings.push_back("the animation is too long for a key at every frame; rotations have fewer");
+        m_Report.warnings.push_back(
+            "the animation is too long for a key at every frame; rotations have fewer");
     if (m_Report.largestRotationError > kRotationTolerance)
         m_Report.warnings.push_back(
             "rotations became Euler keys; between them \"" + m_Report.worstRotation + "\" is off by up to " +

@@ -118,7 +118,9 @@ Mtl* SceneBuilding::MaterialOfMesh(int mesh)
     std::vector<Mtl*> parts;
     for (const int material : MaterialsOf(source))
         parts.push_back(MaterialOf(material));
-    built = parts.empty() ? nullptr : parts.size() == 1 ? parts.front() : MakeMultiMaterial(source.name, parts);
+    built = parts.empty()       ? nullptr
+            : parts.size() == 1 ? parts.front()
+                                : MakeMultiMaterial(source.name, parts);
     return *built;
 }
 

@@ -148,7 +148,8 @@ void ReadGltfAnimations(const GltfFile& file, const std::vector<int>& neutralOfN
         if (claimed > animations[i].channels.size())
             scene.warnings.push_back(label + ": " + std::to_string(claimed - animations[i].channels.size()) +
                                      " channels that drive no node are left out");
-        scene.animations.push_back(AnimationReader(animations[i], label, neutralOfNode, accessors, scene).Read());
+        scene.animations.push_back(
+            AnimationReader(animations[i], label, neutralOfNode, accessors, scene).Read());
     }
 }
 

@@ -131,11 +131,11 @@ TEST_F(Export, KindsThatTheDocumentLacksAreReported)
     const ToolResult result = Run({"export", "scene.gltf", "out.vkt"});
     ASSERT_EQ(result.status, 0) << result.err;
     const std::string text = ReadFile("out.vkt");
-    EXPECT_EQ(result.out.find("  1 materials\n") == std::string::npos,
+    EXPECT_EQ(result.out.find("  1 material\n") == std::string::npos,
               text.find("\nBLINN ") != std::string::npos || text.find("\nPHONG ") != std::string::npos ||
                   text.find("\nLAMBERT ") != std::string::npos)
         << result.out;
-    EXPECT_EQ(result.out.find("  1 animations\n") == std::string::npos,
+    EXPECT_EQ(result.out.find("  1 animation\n") == std::string::npos,
               text.find("\nANIMATION_TAKE ") != std::string::npos)
         << result.out;
 }

@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include <nlohmann/json.hpp>
 
 #include "Documents.h"
@@ -7,6 +9,7 @@ namespace {
 
 using Json = nlohmann::json;
 using Info = ToolTest;
+using ::testing::AnyOf;
 
 TEST_F(Info, TellsWhatATextFileHolds)
 {
@@ -146,7 +149,7 @@ TEST_F(Info, EveryPrefixOfAFileIsAnswered)
     for (const std::string& bytes : {kPlate, binary})
         for (std::size_t length = 0; length < bytes.size(); length += 37) {
             WriteFile("cut.vkt", bytes.substr(0, length));
-            EXPECT_LE(Run({"info", "cut.vkt"}).status, 5) << length << " bytes";
+            EXPECT_THAT(Run({"info", "cut.vkt"}).status, AnyOf(0, 2, 3, 4, 5)) << length << " bytes";
         }
 }
 

@@ -1,7 +1,6 @@
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 
 #include "HostTest.h"
@@ -14,7 +13,8 @@ protected:
     ModuleTest()
     {
         Host().SetDebugListener([this](const char* text) { m_heard += std::string(text) + ";"; });
-        m_folder = std::filesystem::temp_directory_path() / ("vkt_module_test" + std::to_string(getpid()));
+        m_folder = std::filesystem::temp_directory_path() /
+                   ("vkt_module_test_" + std::to_string(std::random_device()()));
         std::filesystem::create_directory(m_folder);
     }
     ~ModuleTest() override
