@@ -62,7 +62,7 @@ void WriteValue(std::FILE* file, T value)
 
 std::string ExportConfigPath()
 {
-    return PluginConfigFolder() + "\\" + "VKT_max_plugin.cfg";
+    return PluginConfigFolder() + "\\VKT_max_plugin.cfg";
 }
 
 bool ReadExportConfig(std::string path)

@@ -1,7 +1,5 @@
 #include "exporter/MeshExport.h"
 
-#include <algorithm>
-
 #include "VKT/Logger.h"
 #include "VKT/PolygonMesh.h"
 #include "exporter/ExportCore.h"

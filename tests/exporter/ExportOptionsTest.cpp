@@ -107,13 +107,12 @@ TEST_F(ExportOptionsTest, SetterChangesItsOwnOptionAlone)
             continue;
         store = ExportOptions();
         Values expected = defaults;
-        std::visit(
-            [&]<class T>(OptionAccess<T> access) {
-                const T other = static_cast<T>((store.*access.get)() == T{});
-                (store.*access.set)(other);
-                expected[name] = other;
-            },
-            option.access);
+        const auto turn = [&expected, &name, &turned = store]<class T>(OptionAccess<T> access) {
+            const T other = static_cast<T>((turned.*access.get)() == T{});
+            (turned.*access.set)(other);
+            expected[name] = other;
+        };
+        std::visit(turn, option.access);
         EXPECT_EQ(Snapshot(store), expected) << name;
     }
 }

@@ -102,7 +102,7 @@ TEST_F(RealScenes, ExportInBothFormsAndReadBackUnchanged)
     std::map<std::string, std::size_t> byExtension;
     for (const fs::path& path : ListModels()) {
         SCOPED_TRACE(path);
-        VKT::Test::LogCatcher log;
+        LogCatcher log;
         ++tried;
         const std::string refusal = Open(path);
         if (!refusal.empty()) {
@@ -157,7 +157,7 @@ TEST_P(RealPositions, AreThoseOfTheHost)
     std::size_t scenes = 0;
     for (const fs::path& path : ListModels()) {
         SCOPED_TRACE(path);
-        VKT::Test::LogCatcher log;
+        LogCatcher log;
         if (!Open(path).empty())
             continue;
         const VKT::Test::RegistryScope registry;

@@ -1,8 +1,8 @@
 #include "scenes/ExportScenes.h"
 
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <random>
 
 namespace export_scenes {
 
@@ -27,9 +27,9 @@ void ExportTest::SetUp()
 {
     host.Reset();
     options = VKTMax::ExportOptions();
-    std::string pattern = (std::filesystem::temp_directory_path() / "vkt-export-XXXXXX").string();
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-    folder = pattern;
+    folder =
+        std::filesystem::temp_directory_path() / ("vkt-export-" + std::to_string(std::random_device{}()));
+    ASSERT_TRUE(std::filesystem::create_directory(folder));
     host.SetDirectory(APP_PLUGCFG_DIR, folder.string());
     VKT::XRegisterTypes(&log);
 }
