@@ -60,7 +60,8 @@ protected:
     {
         if (!fs::exists(kModels))
             GTEST_SKIP() << "the package assimp-testmodels is not installed";
-        m_Folder = fs::temp_directory_path() / ("vkt-real-" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()));
+        const VKT::Test::TempFile unique("");  // a path of this process alone
+        m_Folder = std::string(unique.Path()) + "-folder";
         fs::create_directories(m_Folder);
         HeadlessHost::Get().SetDirectory(APP_PLUGCFG_DIR, m_Folder.string());
         VKTMax::GetExportOptions() = {};
