@@ -7,6 +7,8 @@
 #include <array>
 #include <assimp/Importer.hpp>
 #include <cmath>
+#include <fstream>
+#include <sstream>
 
 #include "host/io/AssimpAnimations.h"
 #include "host/io/AssimpMeshes.h"
@@ -37,7 +39,7 @@ struct Format {
 };
 
 // clang-format off
-constexpr std::array<Format, 14> kFormats{{
+constexpr std::array<Format, 13> kFormats{{
     {"fbx",  Up::Stated},
     {"dae",  Up::Y},
     {"obj",  Up::Y},
@@ -51,7 +53,6 @@ constexpr std::array<Format, 14> kFormats{{
     {"b3d",  Up::Y},
     {"dxf",  Up::Y},
     {"ms3d", Up::Y},
-    {"smd",  Up::Z},
 }};
 // clang-format on
 
@@ -59,6 +60,26 @@ const Format* FindFormat(std::string_view extension)
 {
     const auto found = std::ranges::find(kFormats, extension, &Format::extension);
     return found == kFormats.end() ? nullptr : &*found;
+}
+
+// Assimp looks for the end of a PLY header for ever, and believes its counts.
+void CheckPlyHeader(const std::filesystem::path& path)
+{
+    constexpr int kMostLines = 10000;
+    const std::uint64_t size = std::filesystem::file_size(path);
+    std::ifstream in(path, std::ios::binary);
+    std::string line;
+    for (int i = 0; i < kMostLines && std::getline(in, line); ++i) {
+        if (line.starts_with("end_header"))
+            return;
+        std::istringstream words(line);
+        std::string keyword, name;
+        std::uint64_t count = 0;
+        // Every element takes a byte at least.
+        if (words >> keyword >> name && keyword == "element" && (!(words >> count) || count > size))
+            throw Refusal("the PLY file claims more \"" + name + "\" than it can hold");
+    }
+    throw Refusal("the header of the PLY file has no end");
 }
 
 // No post-processing: it would cut polygons, and with them hierarchy or identity.
@@ -214,6 +235,8 @@ ReadResult ReadWithAssimp(const std::filesystem::path& path)
             throw Refusal("no reader for files that end in \"." + extension + "\"");
         if (!std::filesystem::is_regular_file(path))
             throw Refusal("no such file");
+        if (extension == "ply")
+            CheckPlyHeader(path);
         result.scene = ReadScene(path, *format);
     } catch (const std::exception& e) {
         result.error = e.what();

@@ -10,7 +10,7 @@ class DefaultAllocator final : public XAllocator {
 public:
     void* Allocate(std::size_t bytes) override
     {
-        return ::operator new(bytes, std::align_val_t{16}, std::nothrow);
+        return ::operator new (bytes, std::align_val_t{16}, std::nothrow);
     }
 
     void* AllocateZeroed(std::size_t bytes) override
@@ -19,7 +19,7 @@ public:
         return block ? std::memset(block, 0, bytes) : nullptr;
     }
 
-    void Free(void* block) override { ::operator delete(block, std::align_val_t{16}); }
+    void Free(void* block) override { ::operator delete (block, std::align_val_t{16}); }
 };
 
 XAllocator* s_Installed = nullptr;

@@ -12,13 +12,17 @@ namespace {
 
 static_assert(std::variant_size_v<XAttributeValue> == kAttributeMatrixArray - kAttributeBool + 1);
 
-template <class T> inline constexpr bool kIsList = false;
-template <class T> inline constexpr bool kIsList<XVector<T>> = true;
+template <class T>
+inline constexpr bool kIsList = false;
+template <class T>
+inline constexpr bool kIsList<XVector<T>> = true;
 
-template <std::size_t Index> using Value = std::variant_alternative_t<Index, XAttributeValue>;
+template <std::size_t Index>
+using Value = std::variant_alternative_t<Index, XAttributeValue>;
 
 // A value of the given type, empty or zero. The type is one of the enumeration.
-template <std::size_t Index = 0> XAttributeValue EmptyValue(std::size_t index)
+template <std::size_t Index = 0>
+XAttributeValue EmptyValue(std::size_t index)
 {
     if constexpr (Index < std::variant_size_v<XAttributeValue>)
         return index == Index ? XAttributeValue(std::in_place_index<Index>, Value<Index>{})
@@ -160,7 +164,8 @@ bool XAttribute::DoValue(XFileIO& file, u32 version)
                 return true;
             else if constexpr (std::is_same_v<T, XMessageArray>)
                 return version < 3 || file.DoData(value.count);
-            else if constexpr (std::is_same_v<T, XInt2> || std::is_same_v<T, XInt3> || std::is_same_v<T, XInt4>)
+            else if constexpr (std::is_same_v<T, XInt2> || std::is_same_v<T, XInt3> ||
+                               std::is_same_v<T, XInt4>)
                 return file.DoData(value.data(), value.size()) != 0;
             else
                 return file.DoData(value) != 0;

@@ -56,8 +56,8 @@ enum XAttributeType : u32 {
 
 // The alternatives in the order of the types. Arrays of bools hold one byte each.
 using XAttributeValue =
-    std::variant<bool, XColour, f32, XVector2, XVector3, XVector4, i32, XInt2, XInt3, XInt4, XString, XMessage,
-                 XMatrix, XVector<u8>, XColourArray, XFloatArray, XVector<XVector2>, XVector3Array,
+    std::variant<bool, XColour, f32, XVector2, XVector3, XVector4, i32, XInt2, XInt3, XInt4, XString,
+                 XMessage, XMatrix, XVector<u8>, XColourArray, XFloatArray, XVector<XVector2>, XVector3Array,
                  XVector<XVector4>, XIntList, XVector<XInt2>, XVector<XInt3>, XVector<XInt4>, XStringList,
                  XMessageArray, XMatrixArray>;
 
@@ -73,8 +73,13 @@ public:
     u32 Size() const;
 
     // The whole value. `Get` is false, and `value` untouched, for another type.
-    template <class T> void Set(T value) { m_Value = std::move(value); }
-    template <class T> bool Get(T& value) const
+    template <class T>
+    void Set(T value)
+    {
+        m_Value = std::move(value);
+    }
+    template <class T>
+    bool Get(T& value) const
     {
         const T* held = std::get_if<T>(&m_Value);
         if (held)
@@ -82,7 +87,8 @@ public:
         return held != nullptr;
     }
     // One element of an array of such elements; false for another type or out of range.
-    template <class T> bool SetElement(u32 i, const T& value)
+    template <class T>
+    bool SetElement(u32 i, const T& value)
     {
         auto* list = std::get_if<XVector<T>>(&m_Value);
         if (!list || i >= list->size())
@@ -90,7 +96,8 @@ public:
         (*list)[i] = value;
         return true;
     }
-    template <class T> bool GetElement(u32 i, T& value) const
+    template <class T>
+    bool GetElement(u32 i, T& value) const
     {
         const auto* list = std::get_if<XVector<T>>(&m_Value);
         if (!list || i >= list->size())

@@ -17,11 +17,31 @@ namespace {
 constexpr const char* kSource = ".\\src\\VKT\\ExtraAttributes";
 
 constexpr const char* kKeywords[] = {
-    "bool",           "colour",         "float",          "float2",        "float3",
-    "float4",         "int",            "int2",           "int3",          "int4",
-    "string",         "message",        "matrix",         "vector<bool>",  "vector<colour>",
-    "vector<float>",  "vector<float2>", "vector<float3>", "vector<float4>", "vector<int>",
-    "vector<int2>",   "vector<int3>",   "vector<int4>",   "vector<string>", "vector<message>",
+    "bool",
+    "colour",
+    "float",
+    "float2",
+    "float3",
+    "float4",
+    "int",
+    "int2",
+    "int3",
+    "int4",
+    "string",
+    "message",
+    "matrix",
+    "vector<bool>",
+    "vector<colour>",
+    "vector<float>",
+    "vector<float2>",
+    "vector<float3>",
+    "vector<float4>",
+    "vector<int>",
+    "vector<int2>",
+    "vector<int3>",
+    "vector<int4>",
+    "vector<string>",
+    "vector<message>",
     "vector<matrix>",
 };
 
@@ -35,8 +55,8 @@ void WriteEscaped(std::string_view text, XTextWriter& out)
 {
     out << '"';
     for (const char c : text) {
-        const auto escape =
-            std::find_if(std::begin(kEscapes), std::end(kEscapes), [=](const Escape& e) { return e.byte == c; });
+        const auto escape = std::find_if(std::begin(kEscapes), std::end(kEscapes),
+                                         [=](const Escape& e) { return e.byte == c; });
         if (escape == std::end(kEscapes))
             out << c;
         else
@@ -74,23 +94,50 @@ bool ReadEscaped(XTextReader& in, XString& text)
 }
 
 // The numbers of a value that stand in text: the alpha of a colour does not.
-std::span<const f32> NumbersOf(const f32& v) { return {&v, 1}; }
-std::span<const f32> NumbersOf(const XColour& v) { return {&v.r, 3}; }
-std::span<const f32> NumbersOf(const XVector2& v) { return {&v.x, 2}; }
-std::span<const f32> NumbersOf(const XVector3& v) { return {&v.x, 3}; }
-std::span<const f32> NumbersOf(const XVector4& v) { return {&v.x, 4}; }
-std::span<const f32> NumbersOf(const XMatrix& v) { return v.m; }
-std::span<const i32> NumbersOf(const i32& v) { return {&v, 1}; }
-template <std::size_t N> std::span<const i32> NumbersOf(const std::array<i32, N>& v) { return v; }
+std::span<const f32> NumbersOf(const f32& v)
+{
+    return {&v, 1};
+}
+std::span<const f32> NumbersOf(const XColour& v)
+{
+    return {&v.r, 3};
+}
+std::span<const f32> NumbersOf(const XVector2& v)
+{
+    return {&v.x, 2};
+}
+std::span<const f32> NumbersOf(const XVector3& v)
+{
+    return {&v.x, 3};
+}
+std::span<const f32> NumbersOf(const XVector4& v)
+{
+    return {&v.x, 4};
+}
+std::span<const f32> NumbersOf(const XMatrix& v)
+{
+    return v.m;
+}
+std::span<const i32> NumbersOf(const i32& v)
+{
+    return {&v, 1};
+}
+template <std::size_t N>
+std::span<const i32> NumbersOf(const std::array<i32, N>& v)
+{
+    return v;
+}
 
-template <class T> auto MutableNumbersOf(T& value)
+template <class T>
+auto MutableNumbersOf(T& value)
 {
     const auto numbers = NumbersOf(value);
     using Number = std::remove_const_t<typename decltype(numbers)::element_type>;
     return std::span<Number>(const_cast<Number*>(numbers.data()), numbers.size());
 }
 
-template <class T> void WriteNumbers(const T& value, const char* between, XTextWriter& out)
+template <class T>
+void WriteNumbers(const T& value, const char* between, XTextWriter& out)
 {
     const char* separator = "";
     for (const auto number : NumbersOf(value)) {
@@ -107,13 +154,20 @@ struct ListForm {
     const char* after;    // each element
     const char* close;
 };
-template <class T> constexpr ListForm kListForm{"\n\t\t{\n", "\t\t\t", "  ", "\n", "\t\t}\n"};
-template <> constexpr ListForm kListForm<u8>{" { ", "", "", " ", " }\n"};
-template <> constexpr ListForm kListForm<f32>{" { ", "", "", " ", " }\n"};
-template <> constexpr ListForm kListForm<i32>{" { ", "", "", " ", " }\n"};
-template <> constexpr ListForm kListForm<XColour>{" {\n", "\t\t\t", " ", "\n", " }\n"};
-template <> constexpr ListForm kListForm<XVector2>{"\n\t\t{\n", "", "  ", "\n", "\t\t}\n"};
-template <> constexpr ListForm kListForm<XMatrix>{"\t\t{\n", "\t\t\t", " ", " \n", "\t\t}\n"};
+template <class T>
+constexpr ListForm kListForm{"\n\t\t{\n", "\t\t\t", "  ", "\n", "\t\t}\n"};
+template <>
+constexpr ListForm kListForm<u8>{" { ", "", "", " ", " }\n"};
+template <>
+constexpr ListForm kListForm<f32>{" { ", "", "", " ", " }\n"};
+template <>
+constexpr ListForm kListForm<i32>{" { ", "", "", " ", " }\n"};
+template <>
+constexpr ListForm kListForm<XColour>{" {\n", "\t\t\t", " ", "\n", " }\n"};
+template <>
+constexpr ListForm kListForm<XVector2>{"\n\t\t{\n", "", "  ", "\n", "\t\t}\n"};
+template <>
+constexpr ListForm kListForm<XMatrix>{"\t\t{\n", "\t\t\t", " ", " \n", "\t\t}\n"};
 
 struct Writer {
     XTextWriter& out;
@@ -132,13 +186,15 @@ struct Writer {
         WriteNumbers(value, " ", out);
         out << " \n";
     }
-    template <class T> void operator()(const T& value) const
+    template <class T>
+    void operator()(const T& value) const
     {
         out << ' ';
         WriteNumbers(value, " ", out);
         out << '\n';
     }
-    template <class T> void operator()(const XVector<T>& list) const
+    template <class T>
+    void operator()(const XVector<T>& list) const
     {
         constexpr ListForm form = kListForm<T>;
         out << ' ' << static_cast<u32>(list.size()) << form.open;
@@ -164,8 +220,13 @@ struct Reader {
     bool operator()(XString& value) const { return ReadEscaped(in, value); }
     bool operator()(XMessage&) const { return true; }
     bool operator()(XMessageArray& value) const { return in.Read(value.count); }
-    template <class T> bool operator()(T& value) const { return ReadOne(value); }
-    template <class T> bool operator()(XVector<T>& list) const
+    template <class T>
+    bool operator()(T& value) const
+    {
+        return ReadOne(value);
+    }
+    template <class T>
+    bool operator()(XVector<T>& list) const
     {
         u32 count = 0;
         in.Read(count);
@@ -186,7 +247,8 @@ private:
         return true;
     }
     bool ReadOne(XString& value) const { return ReadEscaped(in, value); }
-    template <class T> bool ReadOne(T& value) const
+    template <class T>
+    bool ReadOne(T& value) const
     {
         value = T{};
         if constexpr (std::is_same_v<T, XColour>)
@@ -211,7 +273,8 @@ XVector<const XConnection*> ByElement(const XVector<XConnection>& connections)
 
 const char* GetAttributeKeyword(u32 type)
 {
-    return type >= kAttributeBool && type <= kAttributeMatrixArray ? kKeywords[type - kAttributeBool] : nullptr;
+    return type >= kAttributeBool && type <= kAttributeMatrixArray ? kKeywords[type - kAttributeBool]
+                                                                   : nullptr;
 }
 
 void XAttribute::Write(XTextWriter& out) const
@@ -238,8 +301,8 @@ void XAttribute::WriteConnections(XTextWriter& out, const XModel& model) const
     auto input = inputs.begin();
     auto output = outputs.begin();
     while (input != inputs.end() || output != outputs.end()) {
-        const bool inputIsNext = output == outputs.end() ||
-                                 (input != inputs.end() && (*input)->m_Index <= (*output)->m_Index);
+        const bool inputIsNext =
+            output == outputs.end() || (input != inputs.end() && (*input)->m_Index <= (*output)->m_Index);
         const u32 element = inputIsNext ? (*input)->m_Index : (*output)->m_Index;
         out << "\t\tATTR " << NameAsToken(m_Name) << ' ' << element << "\n\t\t{\n\t\t\tinput ";
         if (inputIsNext)

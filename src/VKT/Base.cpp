@@ -1,5 +1,6 @@
 #include "VKT/Base.h"
 
+#include "VKT/ExtraAttributes.h"
 #include "VKT/FileIO.h"
 #include "VKT/FnRegistry.h"
 #include "VKT/Model.h"
@@ -25,8 +26,10 @@ u32 XBase::GetDataSize() const
     return static_cast<u32>(kChunkHeaderSize + measure.GetMeasure());
 }
 
-bool XBase::NodeDeath(u32)
+bool XBase::NodeDeath(u32 id)
 {
+    if (m_ExtraAttributes)
+        m_ExtraAttributes->NodeDeath(*m_Model, id);
     return true;
 }
 
@@ -43,7 +46,12 @@ bool XBase::DoData(XFileIO& file)
         if (!file.DoData(name))
             return false;
     }
-    return file.DoData(m_ID) != 0;
+    if (!file.DoData(m_ID))
+        return false;
+    // The loader has made the block of a chunk whose header says that there is one.
+    if (file.IsReading())
+        return !m_ExtraAttributes || m_ExtraAttributes->DoData(file, m_Model->GetVersion());
+    return !SavesExtraAttributes() || m_ExtraAttributes->DoData(file, XModel::kCurrentVersion);
 }
 
 void XBase::DoCopy(const XBase*) {}
@@ -79,13 +87,20 @@ XBase* XBase::Clone() const
     if (!copy)
         return nullptr;
     m_Model->SetName(copy, m_Name);
+    if (m_ExtraAttributes)
+        copy->RenewExtraAttributes().Copy(*m_ExtraAttributes);
     copy->DoCopy(this);
     return copy;
 }
 
 bool XBase::Write(XTextWriter& out) const
 {
-    return WriteHeader(out) && WriteChunk(out) && (out << "}\n").IsGood();
+    if (!WriteHeader(out) || !WriteChunk(out))
+        return false;
+    if (SavesExtraAttributes())
+        m_ExtraAttributes->Write(out, *m_Model);
+    out << "}\n";
+    return out.IsGood();
 }
 
 bool XBase::WriteHeader(XTextWriter& out) const
@@ -127,6 +142,10 @@ bool XBase::ReadTrailer(XTextReader& in)
         return false;
     }
     while (token != "}") {
+        if (token == "EXTRA_ATTRIBUTES")
+            RenewExtraAttributes().ReadAttributes(in);
+        else if (token == "CONNECTIONS" && m_ExtraAttributes)
+            m_ExtraAttributes->ReadConnections(in);
         if (!in.ReadToken(token)) {
             GetLogger()->Log(kError, "corrupt file");
             return false;
@@ -144,10 +163,45 @@ bool XBase::ReadTrailer(XTextReader& in)
 bool XBase::DoHeader(XFileIO& file)
 {
     u16 type = static_cast<u16>(GetApiType());
-    u8 hasExtraAttributes = 0;
+    u8 hasExtraAttributes = file.IsWriting() && SavesExtraAttributes();
     u8 reserved = 0;
     u32 size = file.IsWriting() ? GetDataSize() : 0;
-    return file.DoData(type) && file.DoData(hasExtraAttributes) && file.DoData(reserved) && file.DoData(size);
+    if (!file.DoData(type) || !file.DoData(hasExtraAttributes) || !file.DoData(reserved) ||
+        !file.DoData(size))
+        return false;
+    if (file.IsReading() && hasExtraAttributes)
+        RenewExtraAttributes();
+    return true;
+}
+
+XAttribute* XBase::CreateExtraAttribute(const char* name)
+{
+    if (GetExtraAttribute(name))
+        return nullptr;
+    return (m_ExtraAttributes ? *m_ExtraAttributes : RenewExtraAttributes()).Add(name);
+}
+
+XAttribute* XBase::GetExtraAttribute(const char* name) const
+{
+    return m_ExtraAttributes ? m_ExtraAttributes->Find(name) : nullptr;
+}
+
+void XBase::ListExtraAttributes(XStringList& names) const
+{
+    names.clear();
+    if (m_ExtraAttributes)
+        m_ExtraAttributes->ListNames(names);
+}
+
+bool XBase::SavesExtraAttributes() const
+{
+    return m_ExtraAttributes && m_Model->GetSaveFlags().Test(SaveExtraAttributes);
+}
+
+XExtraAttributes& XBase::RenewExtraAttributes()
+{
+    m_ExtraAttributes = std::make_unique<XExtraAttributes>();
+    return *m_ExtraAttributes;
 }
 
 bool IsFromOlderFile(const XBase& node)

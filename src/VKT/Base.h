@@ -12,6 +12,8 @@
 
 namespace VKT {
 
+class XAttribute;
+class XExtraAttributes;
 class XFileIO;
 class XModel;
 class XTextReader;
@@ -77,6 +79,14 @@ public:
     // type cannot be created.
     XBase* Clone() const;
 
+    // The attributes that users hung on this node. A taken name answers null and adds
+    // nothing; names are compared exactly.
+    XAttribute* CreateExtraAttribute(const char* name);
+    XAttribute* GetExtraAttribute(const char* name) const;
+    void ListExtraAttributes(XStringList& names) const;
+    // All of them, null for a node that never had any.
+    const XExtraAttributes* GetExtraAttributes() const { return m_ExtraAttributes.get(); }
+
     // The whole text chunk: header, body, trailer. A node of id 0 writes nothing and
     // answers false.
     bool Write(XTextWriter& out) const;
@@ -87,7 +97,10 @@ public:
 
     // The four operations of the property object that callers use most.
     XString GetPropertyName(u32 property) const { return GetNodeProperties()->GetPropertyName(property); }
-    XPropertyType GetPropertyType(u32 property) const { return GetNodeProperties()->GetPropertyType(property); }
+    XPropertyType GetPropertyType(u32 property) const
+    {
+        return GetNodeProperties()->GetPropertyType(property);
+    }
     u32 GetPropertyId(const char* name) const { return GetNodeProperties()->GetPropertyId(name); }
     bool IsPropertyAnimated(u32 property) const
     {
@@ -107,19 +120,25 @@ private:
     bool WriteHeader(XTextWriter& out) const;
     bool ReadHeader(XTextReader& in);
     bool ReadTrailer(XTextReader& in);
+    // Whether a save writes extra attributes of this node.
+    bool SavesExtraAttributes() const;
+    XExtraAttributes& RenewExtraAttributes();
 
     u32 m_ID = 0;
     XString m_Name;
+    std::unique_ptr<XExtraAttributes> m_ExtraAttributes;
     XModel* m_Model;
     XNameMap::iterator m_NameEntry;  // in the document; its end while it does not hold the node
 };
 
 // `node` as a `T`, or null when it is null or of another class.
-template <class T> T* XCast(XBase* node)
+template <class T>
+T* XCast(XBase* node)
 {
     return node ? static_cast<T*>(node->HasFn(T::kType)) : nullptr;
 }
-template <class T> const T* XCast(const XBase* node)
+template <class T>
+const T* XCast(const XBase* node)
 {
     return node ? static_cast<const T*>(node->HasFn(T::kType)) : nullptr;
 }

@@ -10,9 +10,12 @@ namespace {
 bool IsInFile(const XBodyRow& row, u32 version, bool reading)
 {
     switch (row.gate) {
-        case XGate::kAlways: return true;
-        case XGate::kSince: return version >= row.version;
-        case XGate::kReadSince: return !reading || version >= row.version;
+        case XGate::kAlways:
+            return true;
+        case XGate::kSince:
+            return version >= row.version;
+        case XGate::kReadSince:
+            return !reading || version >= row.version;
     }
     return true;
 }
@@ -38,7 +41,8 @@ struct TextWriting {
     const XBodyRow& row;
     XTextWriter& out;
 
-    template <class T> void operator()(T XBase::*member) const
+    template <class T>
+    void operator()(T XBase::*member) const
     {
         out << row.before;
         Write(node.*member);
@@ -76,7 +80,8 @@ struct TextWriting {
     void operator()(XDroppedFloat) const {}
 
 private:
-    template <class T> void Write(const T& value) const
+    template <class T>
+    void Write(const T& value) const
     {
         if constexpr (std::is_arithmetic_v<T>)
             out << value;
@@ -104,7 +109,11 @@ struct TextReading {
     const char* source;
     int line;
 
-    template <class T> bool operator()(T XBase::*member) const { return ReadKey() && Read(node.*member); }
+    template <class T>
+    bool operator()(T XBase::*member) const
+    {
+        return ReadKey() && Read(node.*member);
+    }
     bool operator()(XShaderInput XBase::*member) const
     {
         XShaderInput& input = node.*member;
@@ -137,7 +146,8 @@ struct TextReading {
 
 private:
     // A number that fails to come is seen at the next key.
-    template <class T> bool Read(T& value) const
+    template <class T>
+    bool Read(T& value) const
     {
         if constexpr (std::is_arithmetic_v<T>)
             in.Read(value);
@@ -176,7 +186,11 @@ struct BinaryTransfer {
     const XBodyRow& row;
     XFileIO& file;
 
-    template <class T> bool operator()(T XBase::*member) const { return file.DoData(node.*member) != 0; }
+    template <class T>
+    bool operator()(T XBase::*member) const
+    {
+        return file.DoData(node.*member) != 0;
+    }
     bool operator()(XLimitPair XBase::*member) const { return file.DoData(&(node.*member).lower, 2) != 0; }
     bool operator()(XShaderInput XBase::*member) const { return DoInput(node.*member); }
     bool operator()(XStoredNode stored) const { return (*this)(stored.member); }
@@ -210,7 +224,11 @@ struct Copying {
     XBase& target;
     const XBase& source;
 
-    template <class T> void operator()(T XBase::*member) const { target.*member = source.*member; }
+    template <class T>
+    void operator()(T XBase::*member) const
+    {
+        target.*member = source.*member;
+    }
     void operator()(XStoredNode stored) const { (*this)(stored.member); }
     void operator()(XStoredThree stored) const { (*this)(stored.member); }
     void operator()(XStoredInputId stored) const { (*this)(stored.member); }

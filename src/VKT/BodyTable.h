@@ -47,11 +47,11 @@ struct XStoredText {
     bool (*read)(XBase& node, XTextReader& in);
 };
 
-using XStored = std::variant<bool XBase::*, i32 XBase::*, u32 XBase::*, f32 XBase::*,            //
-                             XVector3 XBase::*, XColour XBase::*, XQuaternion XBase::*,          //
-                             XMatrix XBase::*, XLimitPair XBase::*,                              //
-                             XShaderInput XBase::*, XIndexList XBase::*,                         //
-                             XStoredNode, XStoredThree, XStoredInputId, XStoredOldInput,         //
+using XStored = std::variant<bool XBase::*, i32 XBase::*, u32 XBase::*, f32 XBase::*,     //
+                             XVector3 XBase::*, XColour XBase::*, XQuaternion XBase::*,   //
+                             XMatrix XBase::*, XLimitPair XBase::*,                       //
+                             XShaderInput XBase::*, XIndexList XBase::*,                  //
+                             XStoredNode, XStoredThree, XStoredInputId, XStoredOldInput,  //
                              XDroppedFloat, XStoredText>;
 
 // Which files hold a row.
@@ -63,7 +63,8 @@ enum class XGate : u8 {
 
 // Any member of any node class, seen from XBase: one table type for all classes and one
 // engine that is no template. Valid because a table is only used on nodes of its class.
-template <class T, class Node> constexpr T XBase::*Seen(T Node::*member)
+template <class T, class Node>
+constexpr T XBase::*Seen(T Node::*member)
 {
     return static_cast<T XBase::*>(member);
 }
@@ -79,7 +80,10 @@ struct XBodyRow {
     {
     }
     // Rows of a binary table need no literals.
-    template <class T, class Node> constexpr XBodyRow(T Node::*member) : XBodyRow("", member) {}
+    template <class T, class Node>
+    constexpr XBodyRow(T Node::*member) : XBodyRow("", member)
+    {
+    }
     constexpr XBodyRow(XStored value) : XBodyRow("", value) {}
 
     static constexpr std::string_view KeyOf(std::string_view literal)
@@ -113,19 +117,23 @@ constexpr XBodyRow ReadSince(u32 version, XBodyRow row)
 {
     return Gated(XGate::kReadSince, version, row);
 }
-template <class Node> constexpr XStored NodeId(u32 Node::*member)
+template <class Node>
+constexpr XStored NodeId(u32 Node::*member)
 {
     return XStoredNode{Seen(member)};
 }
-template <class Node> constexpr XStored FirstThree(XColour Node::*member)
+template <class Node>
+constexpr XStored FirstThree(XColour Node::*member)
 {
     return XStoredThree{Seen(member)};
 }
-template <class Node> constexpr XStored InputId(XShaderInput Node::*member)
+template <class Node>
+constexpr XStored InputId(XShaderInput Node::*member)
 {
     return XStoredInputId{Seen(member)};
 }
-template <class Node> constexpr XStored OldInput(XShaderInput Node::*member, const char* name)
+template <class Node>
+constexpr XStored OldInput(XShaderInput Node::*member, const char* name)
 {
     return XStoredOldInput{Seen(member), name};
 }

@@ -64,10 +64,10 @@ bool XBone::AddChild(XBone* child)
     // Nothing is below a child without children, so that long chains build from the top
     // without a walk for each bone.
     if (!child->m_Children.empty() && IsBelow(*child)) {
-        GetLogger()->LogFormat(
-            kError,
-            "Cannot add \"%s\" as a child, since it is a parent of this node \"%s\" or one of it's children....",
-            child->GetName(), GetName());
+        GetLogger()->LogFormat(kError,
+                               "Cannot add \"%s\" as a child, since it is a parent of this node \"%s\" or "
+                               "one of it's children....",
+                               child->GetName(), GetName());
         return false;
     }
     m_Children.push_back(child->GetID());
@@ -181,20 +181,30 @@ namespace {
 // The limits by index. Index 6 names the upper limit of scale x once more, where the
 // upper limit of rotate x would be looked for. Kept on purpose: callers know the numbers.
 struct LimitPlace {
-    enum Channel { kTranslateX, kTranslateY, kTranslateZ, kRotateX, kRotateY, kRotateZ, kScaleX, kScaleY, kScaleZ };
+    enum Channel {
+        kTranslateX,
+        kTranslateY,
+        kTranslateZ,
+        kRotateX,
+        kRotateY,
+        kRotateZ,
+        kScaleX,
+        kScaleY,
+        kScaleZ
+    };
     Channel channel;
     bool upper;
 };
 constexpr LimitPlace kLimitPlaces[] = {
-    {LimitPlace::kScaleX, true},      {LimitPlace::kScaleX, false},  //
-    {LimitPlace::kScaleY, true},      {LimitPlace::kScaleY, false},  //
-    {LimitPlace::kScaleZ, true},      {LimitPlace::kScaleZ, false},  //
-    {LimitPlace::kScaleX, true},      {LimitPlace::kRotateX, false},  //
-    {LimitPlace::kRotateY, true},     {LimitPlace::kRotateY, false},  //
-    {LimitPlace::kRotateZ, true},     {LimitPlace::kRotateZ, false},  //
-    {LimitPlace::kTranslateX, true},  {LimitPlace::kTranslateX, false},  //
-    {LimitPlace::kTranslateY, true},  {LimitPlace::kTranslateY, false},  //
-    {LimitPlace::kTranslateZ, true},  {LimitPlace::kTranslateZ, false},
+    {LimitPlace::kScaleX, true},     {LimitPlace::kScaleX, false},      //
+    {LimitPlace::kScaleY, true},     {LimitPlace::kScaleY, false},      //
+    {LimitPlace::kScaleZ, true},     {LimitPlace::kScaleZ, false},      //
+    {LimitPlace::kScaleX, true},     {LimitPlace::kRotateX, false},     //
+    {LimitPlace::kRotateY, true},    {LimitPlace::kRotateY, false},     //
+    {LimitPlace::kRotateZ, true},    {LimitPlace::kRotateZ, false},     //
+    {LimitPlace::kTranslateX, true}, {LimitPlace::kTranslateX, false},  //
+    {LimitPlace::kTranslateY, true}, {LimitPlace::kTranslateY, false},  //
+    {LimitPlace::kTranslateZ, true}, {LimitPlace::kTranslateZ, false},
 };
 
 bool IsSentinel(f32 limit)
@@ -292,23 +302,56 @@ void XBone::DoCopy(const XBase* source)
 // What the copy flags say of parent, children and instances.
 void XBone::CopyHierarchy(const XBone& source)
 {
-    XFlagStack& flags = GetModel()->GetCopyFlags();
+    const XFlagStack& flags = GetModel()->GetCopyFlags();
     m_Parent = 0;
     m_Children.clear();
     XBone* const parent = source.GetParent();
-    const bool joinsParent = flags.Test(CopyParent);
-    if (parent && joinsParent)
+    if (parent && flags.Test(CopyParent))
         parent->AddChild(this);
-    if (flags.Test(CopyChildren)) {
-        flags.Clear(CopyParent);  // below the top, the copies have their own parents
-        XBoneList children;
-        source.ListChildren(children);
-        for (XBone* child : children)
-            if (XBone* clone = child == this ? nullptr : XCast<XBone>(child->Clone()))
-                AddChild(clone);
-        if (joinsParent)
-            flags.Set(CopyParent);
+    if (flags.Test(CopyChildren))
+        CopyBelow(source);
+    CopyInstancesOf(source);
+}
+
+// Clones the bones below `source` and hangs the clones below this bone, depth first; a
+// branch is hung up, and gets its instances, once it is whole. Each bone is cloned once,
+// so that rings from damaged files end.
+void XBone::CopyBelow(const XBone& source)
+{
+    XFlagStack& flags = GetModel()->GetCopyFlags();
+    const XFlagStack asked = flags;
+    struct Step {
+        const XBone* source;
+        XBone* copy;
+        std::size_t next;
+    };
+    XVector<Step> pending(1, {&source, this, 0});
+    std::unordered_set<u32, XIdHash> cloned{source.GetID(), GetID()};
+    for (;;) {
+        const auto [from, copy, next] = pending.back();
+        if (next == from->m_Children.size()) {
+            pending.pop_back();
+            if (pending.empty())
+                return;  // the caller goes on with this bone's instances
+            copy->CopyInstancesOf(*from);
+            pending.back().copy->AddChild(copy);
+            continue;
+        }
+        ++pending.back().next;
+        const XBone* child = XCast<XBone>(GetModel()->FindNode(from->m_Children[next]));
+        if (!child || !cloned.insert(child->GetID()).second)
+            continue;
+        flags.Clear(CopyParent | CopyChildren | CopyInstances);  // this walk sees to these
+        XBone* const clone = XCast<XBone>(child->Clone());
+        flags = asked;
+        if (clone)
+            pending.push_back({child, clone, 0});
     }
+}
+
+void XBone::CopyInstancesOf(const XBone& source)
+{
+    const XFlagStack& flags = GetModel()->GetCopyFlags();
     if (!flags.Test(CopyInstances))
         return;
     if (flags.Test(CopyShareInstances)) {

@@ -38,8 +38,14 @@ public:
     const XQuaternion& GetRotation(bool bind) const { return bind ? m_BindRotation : m_Rotation; }
     const XVector3& GetTranslate(bool bind) const { return bind ? m_BindTranslate : m_Translate; }
     const XVector3& GetScale(bool bind) const { return bind ? m_BindScale : m_Scale; }
-    void SetRotation(const XQuaternion& rotation, bool bind = false) { (bind ? m_BindRotation : m_Rotation) = rotation; }
-    void SetTranslate(const XVector3& translate, bool bind = false) { (bind ? m_BindTranslate : m_Translate) = translate; }
+    void SetRotation(const XQuaternion& rotation, bool bind = false)
+    {
+        (bind ? m_BindRotation : m_Rotation) = rotation;
+    }
+    void SetTranslate(const XVector3& translate, bool bind = false)
+    {
+        (bind ? m_BindTranslate : m_Translate) = translate;
+    }
     void SetScale(const XVector3& scale, bool bind = false) { (bind ? m_BindScale : m_Scale) = scale; }
     const XMatrix& GetWorld(bool bind) const { return bind ? m_BindWorld : m_World; }
     const XMatrix& GetLocal(bool bind) const { return bind ? m_BindLocal : m_Local; }
@@ -119,6 +125,8 @@ private:
     using EdgeSet = std::unordered_set<u64, XIdHash>;
     void UpdateBelow(EdgeSet& walked);
     void CopyHierarchy(const XBone& source);
+    void CopyBelow(const XBone& source);
+    void CopyInstancesOf(const XBone& source);
 
     u32 m_Parent = 0;
     XIndexList m_Children;

@@ -29,13 +29,22 @@ bool ReadRotationOrder(XBase& node, XTextReader& in)
 {
     XString word;
     in.ReadToken(word);
-    const auto letter = [&](std::size_t i) { return i < word.size() ? static_cast<char>(word[i] | 0x20) : ' '; };
+    const auto letter = [&](std::size_t i) {
+        return i < word.size() ? static_cast<char>(word[i] | 0x20) : ' ';
+    };
     XBone& bone = As<XBone>(node);
     switch (letter(0)) {
-        case 'x': bone.SetRotationOrder(letter(1) == 'y' ? 0 : 1); break;
-        case 'y': bone.SetRotationOrder(letter(1) == 'x' ? 2 : 3); break;
-        case 'z': bone.SetRotationOrder(letter(1) == 'x' ? 4 : 5); break;
-        default: break;
+        case 'x':
+            bone.SetRotationOrder(letter(1) == 'y' ? 0 : 1);
+            break;
+        case 'y':
+            bone.SetRotationOrder(letter(1) == 'x' ? 2 : 3);
+            break;
+        case 'z':
+            bone.SetRotationOrder(letter(1) == 'x' ? 4 : 5);
+            break;
+        default:
+            break;
     }
     return true;
 }

@@ -269,7 +269,9 @@ std::size_t XFileIO::DoData(XString& value)
         return 1;
     }
     u8* characters = reinterpret_cast<u8*>(value.data());
-    const std::size_t moved = length == 0 ? 0 : m_Reading ? Read(characters, length) : Write(characters, length);
+    const std::size_t moved = length == 0 ? 0
+                              : m_Reading ? Read(characters, length)
+                                          : Write(characters, length);
     return moved == length ? 1 : ReportShort(1, 0);  // the characters count one by one
 }
 

@@ -68,7 +68,7 @@ public:
     std::size_t DoData(u32& value) { return DoValue(value); }
     std::size_t DoData(i32& value) { return DoValue(value); }
     std::size_t DoData(f32& value) { return DoValue(value); }
-    std::size_t DoData(bool& value);  // one byte; any byte but 0 reads as true
+    std::size_t DoData(bool& value);      // one byte; any byte but 0 reads as true
     std::size_t DoData(XVector3& value);  // x, y and z alone
     std::size_t DoData(XVector2& value) { return DoValue(value); }
     std::size_t DoData(XVector4& value) { return DoValue(value); }
@@ -81,7 +81,8 @@ public:
 
     // Arrays whose count is known, moved in one transfer, of elements that stand in the
     // file as they do in memory.
-    template <class T> std::size_t DoData(T* data, std::size_t count)
+    template <class T>
+    std::size_t DoData(T* data, std::size_t count)
     {
         static_assert(std::is_trivially_copyable_v<T> && !std::is_same_v<T, bool>);
         return DoElements(data, sizeof(T), count);
@@ -91,7 +92,8 @@ public:
 
     // u32 count, then the elements; a read replaces the list's content. Answers 0 when
     // the count or an element did not come.
-    template <class T> std::size_t DoData(XVector<T>& list)
+    template <class T>
+    std::size_t DoData(XVector<T>& list)
     {
         return DoList(list, std::is_same_v<T, XVector3> ? 12 : sizeof(T));
     }
@@ -105,7 +107,8 @@ public:
 private:
     using Transfer = std::size_t (*)(void*, std::size_t, std::size_t, std::FILE*);
 
-    template <class T> std::size_t DoValue(T& value)
+    template <class T>
+    std::size_t DoValue(T& value)
     {
         if (static_cast<std::size_t>(m_End - m_Cursor) < sizeof(T))
             return DoElements(&value, sizeof(T), 1);
@@ -116,7 +119,8 @@ private:
         m_Cursor += sizeof(T);
         return 1;
     }
-    template <class List> std::size_t DoList(List& list, u64 elementBytes)
+    template <class List>
+    std::size_t DoList(List& list, u64 elementBytes)
     {
         u32 count = 0;
         if (!DoCount(count, list.size(), elementBytes))

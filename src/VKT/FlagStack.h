@@ -24,7 +24,7 @@ private:
 // What `XModel::Save` writes. All are set in a new document.
 enum XSaveFlag : u32 {
     SaveBones = 1,
-    SaveShapes = 2,  // also the instance lists of bones
+    SaveShapes = 2,     // also the instance lists of bones
     SaveMaterials = 4,  // also the materials and material groups of instances
     SaveTextures = 8,
     SaveDeformers = 32,  // also the deformer queues of geometry

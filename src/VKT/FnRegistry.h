@@ -51,8 +51,8 @@ bool XRegisterTypes(XLogger* logger);
 XBase* XFnCreate(u32 type, XModel* model);
 XBase* XFnCreateFromChunk(const XString& chunkKey, XModel* model);
 u32 XFnTypeFromChunk(const XString& chunkKey);  // 0 for none, 173 without a registry
-XString XFnChunkName(u32 type);                   // "" for none, "invalid" without a registry
-XString XFnTypeName(u32 type);                    // likewise
+XString XFnChunkName(u32 type);                 // "" for none, "invalid" without a registry
+XString XFnTypeName(u32 type);                  // likewise
 const XFnInfo* XFnFindByName(const XString& typeName);
 // The classes in the order of their registration.
 std::vector<const XFnInfo*> XFnListTypes();

@@ -6,7 +6,8 @@ namespace VKT {
 
 // Nothing that the writer of a file could foresee: the clock, and where the table lies.
 XIdHash::XIdHash()
-    : m_Seed(static_cast<u64>(std::chrono::steady_clock::now().time_since_epoch().count()) * 0x9E3779B97F4A7C15u ^
+    : m_Seed(static_cast<u64>(std::chrono::steady_clock::now().time_since_epoch().count()) *
+                 0x9E3779B97F4A7C15u ^
              reinterpret_cast<std::uintptr_t>(this))
 {
 }

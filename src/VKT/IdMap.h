@@ -38,7 +38,9 @@ private:
         u32 id;
         XBase* node;
     };
-    std::size_t Home(u32 id) const { return m_Hash(id) & (m_Slots.size() - 1); }
+    // Ids are mostly handed out one after the other: sixteen neighbours stay together, so
+    // that a walk over a document meets slots that are in the cache.
+    std::size_t Home(u32 id) const { return (m_Hash(id >> 4) << 4 | (id & 15)) & (m_Slots.size() - 1); }
     void Grow();
 
     XIdHash m_Hash;

@@ -11,7 +11,8 @@ namespace {
 // log2 of a size that a nibble can hold, 0 for any other.
 u8 SizeNibble(u32 size)
 {
-    return size >= 2 && size <= 32768 && std::has_single_bit(size) ? static_cast<u8>(std::countr_zero(size)) : 0;
+    return size >= 2 && size <= 32768 && std::has_single_bit(size) ? static_cast<u8>(std::countr_zero(size))
+                                                                   : 0;
 }
 
 // How many bytes of pixels stand behind a record with these two bytes in its header.
@@ -28,7 +29,8 @@ bool XImage::DoData(XFileIO& file)
     u8 sizes = static_cast<u8>(SizeNibble(m_Width) | SizeNibble(m_Height) << 4);
     u8 channels = static_cast<u8>((m_Channels - 1) & 3);
     if (file.IsWriting() && m_Pixels.size() < NumPixelBytes(sizes, channels)) {
-        GetLogger()->LogFormat(kWarning, "image \"%s\" lacks pixels: it is written without any", m_Name.c_str());
+        GetLogger()->LogFormat(kWarning, "image \"%s\" lacks pixels: it is written without any",
+                               m_Name.c_str());
         channels = 0;
     }
     if (!file.DoData(m_ID) || !file.DoData(sizes) || !file.DoData(channels))

@@ -68,7 +68,7 @@ bool XInfo::Read(XTextReader& in)
     m_OriginalFile.clear();
     m_Application.clear();
     XString token;
-    in.ReadToken(token);  // the opening brace
+    in.ReadToken(token);                                               // the opening brace
     if (!Expect("user", in, kSource, 1) || !ReadQuoted(in, m_User) ||  //
         !Expect("host", in, kSource, 2) || !ReadQuoted(in, m_Host) ||  //
         !Expect("texture_file", in, kSource, 3) || !ReadQuoted(in, m_TextureFile) ||

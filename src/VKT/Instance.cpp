@@ -142,8 +142,8 @@ bool XInstance::Read(XBone& bone, XTextReader& in)
     XShape* const shape = XCast<XShape>(node);
     if (!shape) {
         GetLogger()->LogFormat(
-            kWarning, node ? "Shape ID %d : name %s is not a shape." : "Shape ID %d : name %s not found.", shapeId,
-            name.c_str());
+            kWarning, node ? "Shape ID %d : name %s is not a shape." : "Shape ID %d : name %s not found.",
+            shapeId, name.c_str());
         SkipBlock(in);
         return true;
     }

@@ -35,10 +35,10 @@ XBase* XLambert::GetEnvMap() const
 XBodyTable XLambert::TextBody()
 {
     static constexpr XBodyRow rows[] = {
-        &XLambert::m_AmbientColour,        //
-        &XLambert::m_Incandescence,        //
-        &XLambert::m_Transparency,         //
-        InputId(&XLambert::m_BumpMap),     //
+        &XLambert::m_AmbientColour,     //
+        &XLambert::m_Incandescence,     //
+        &XLambert::m_Transparency,      //
+        InputId(&XLambert::m_BumpMap),  //
         InputId(&XLambert::m_EnvMap),
     };
     return {".\\src\\VKT\\Lambert", rows};

@@ -17,12 +17,29 @@ XBodyTable XLight::TextBody()
     return {".\\src\\VKT\\Light", rows};
 }
 
+// A colour of a light is three floats: the fourth of one that is set counts for nothing.
 XPropertyTable XLight::Properties()
 {
+    static constexpr auto setColour = [](XBase& node, const XColour& value) {
+        As<XLight>(node).SetColour(value.r, value.g, value.b);
+        return true;
+    };
+    static constexpr auto setShadowColour = [](XBase& node, const XColour& value) {
+        As<XLight>(node).SetShadowColour(value.r, value.g, value.b);
+        return true;
+    };
+    static constexpr auto getColour = [](const XBase& node, XColour& value) {
+        value = As<XLight>(node).GetColour();
+        return true;
+    };
+    static constexpr auto getShadowColour = [](const XBase& node, XColour& value) {
+        value = As<XLight>(node).GetShadowColour();
+        return true;
+    };
     static constexpr XPropertyRow rows[] = {
         Field<&XLight::m_Intensity>(1, "intensity", kAnimatable),
-        Field<&XLight::m_Colour>(2, "colour", kAnimatable),
-        Field<&XLight::m_ShadowColour>(3, "shadow_colour", kAnimatable),
+        Computed<XColour>(2, "colour", kAnimatable, getColour, setColour),
+        Computed<XColour>(3, "shadow_colour", kAnimatable, getShadowColour, setShadowColour),
         Field<&XLight::m_EmitAmbient>(4, "emit_ambient"),
         Field<&XLight::m_EmitDiffuse>(5, "emit_diffuse"),
         Field<&XLight::m_EmitSpecular>(6, "emit_specular"),

@@ -14,7 +14,7 @@ XMaterial::XMaterial(XModel* model) : XNodeClass(model)
 
 bool XMaterial::SetHwShader(const XBase* node)
 {
-    if (!node || !node->HasFn(kFnHwShader))
+    if (!node || node->GetModel() != GetModel() || !node->HasFn(kFnHwShader))
         return false;
     m_HwShader = node->GetID();
     return true;
@@ -22,7 +22,8 @@ bool XMaterial::SetHwShader(const XBase* node)
 
 XBase* XMaterial::GetHwShader() const
 {
-    return GetModel()->FindNode(m_HwShader);
+    XBase* node = GetModel()->FindNode(m_HwShader);
+    return node ? node->HasFn(kFnHwShader) : nullptr;
 }
 
 u32 XMaterial::GetNumUsers() const
@@ -54,7 +55,13 @@ XBodyTable XMaterial::TextBody()
 XPropertyTable XMaterial::Properties()
 {
     static constexpr XPropertyRow rows[] = {
-        NodeField<&XMaterial::m_HwShader, 0>(1, "hardwareShader"),
+        Computed<XBase*>(
+            1, "hardwareShader", 0,
+            [](const XBase& node, XBase*& value) {
+                value = As<XMaterial>(node).GetHwShader();
+                return true;
+            },
+            [](XBase& node, XBase* const& value) { return As<XMaterial>(node).SetHwShader(value); }),
         InputColour<&XMaterial::m_Colour>(2, "diffuse", kAnimatable),
     };
     return rows;

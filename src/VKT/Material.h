@@ -13,7 +13,7 @@ public:
     XShaderInput& GetColour() { return m_Colour; }
     const XShaderInput& GetColour() const { return m_Colour; }
 
-    // A node of class hwShader; any other is refused.
+    // A node of class hwShader in the document; any other is refused.
     bool SetHwShader(const XBase* node);
     XBase* GetHwShader() const;
 

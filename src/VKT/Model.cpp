@@ -88,7 +88,8 @@ XBase* XModel::FindNode(std::string_view name) const
 
 bool XModel::IsValid(const XBase* node) const
 {
-    return std::any_of(m_Nodes.begin(), m_Nodes.end(), [=](const auto& entry) { return entry.second == node; });
+    return std::any_of(m_Nodes.begin(), m_Nodes.end(),
+                       [=](const auto& entry) { return entry.second == node; });
 }
 
 bool XModel::List(XNodeList& out, u32 type, bool exact) const
@@ -216,8 +217,9 @@ bool XModel::DeleteInstance(u32 id)
 // Instances stand by ascending id.
 XVector<std::unique_ptr<XInstance>>::const_iterator XModel::PlaceOf(u32 id) const
 {
-    const auto found = std::lower_bound(m_Instances.begin(), m_Instances.end(), id,
-                                        [](const auto& instance, u32 wanted) { return instance->m_ID < wanted; });
+    const auto found =
+        std::lower_bound(m_Instances.begin(), m_Instances.end(), id,
+                         [](const auto& instance, u32 wanted) { return instance->m_ID < wanted; });
     return found != m_Instances.end() && (*found)->m_ID == id ? found : m_Instances.end();
 }
 

@@ -39,7 +39,11 @@ public:
     // `node2`, ... Null, with a logged error, when the type is abstract or unknown.
     XBase* CreateNode(u32 type);
     // The same by class: `model.CreateNode<XBone>()`.
-    template <class T> T* CreateNode() { return XCast<T>(CreateNode(T::kType)); }
+    template <class T>
+    T* CreateNode()
+    {
+        return XCast<T>(CreateNode(T::kType));
+    }
 
     // The node of that id or name, or null; nothing is logged. With equal names the
     // first in order.
@@ -114,7 +118,8 @@ private:
     XVector<std::unique_ptr<XInstance>>::const_iterator PlaceOf(u32 id) const;
 
     // ModelLoad.cpp, ModelSave.cpp
-    template <class Reading> XFileResult LoadSafely(const char* path, Reading read);
+    template <class Reading>
+    XFileResult LoadSafely(const char* path, Reading read);
     XFileResult CheckHeader(std::string_view header, const char* path);
     void PostLoad();
     void RenewLastId();

@@ -29,7 +29,8 @@ struct XModel::BinaryChunk {
 
     bool Read(XFileIO& file)
     {
-        return file.DoData(type) && file.DoData(hasExtraAttributes) && file.DoData(reserved) && file.DoData(size);
+        return file.DoData(type) && file.DoData(hasExtraAttributes) && file.DoData(reserved) &&
+               file.DoData(size);
     }
 };
 
@@ -101,11 +102,11 @@ bool XModel::UseBinaryChunk(XFileIO& file, const BinaryChunk& chunk, bool)
         m_Info.reset();
         return false;
     }
-    if (chunk.hasExtraAttributes)
-        return false;
     std::unique_ptr<XBase> node(XFnCreate(chunk.type, this));
     if (!node)
         return false;
+    if (chunk.hasExtraAttributes)
+        node->RenewExtraAttributes();
     if (!node->DoData(file)) {
         Abandon(*node);
         return false;

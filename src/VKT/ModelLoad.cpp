@@ -65,7 +65,8 @@ XFileResult XModel::Load(std::istream& in, const char* path, bool loadCycles)
 
 // Empties the document and runs `read` on it. Whatever comes of it, nodes created later
 // get ids above all that were read.
-template <class Reading> XFileResult XModel::LoadSafely(const char* path, Reading read)
+template <class Reading>
+XFileResult XModel::LoadSafely(const char* path, Reading read)
 {
     Clear();
     m_DroppedChunks = 0;
@@ -92,10 +93,11 @@ XFileResult XModel::CheckHeader(std::string_view header, const char* path)
         return FileTooNew;
     }
     if (version < kCurrentVersion)
-        GetLogger()->LogFormat(kWarning,
-                               "File is from an older vkt version. If saved it will be unreadable by versions of "
-                               "vkt older than version %d",
-                               kCurrentVersion);
+        GetLogger()->LogFormat(
+            kWarning,
+            "File is from an older vkt version. If saved it will be unreadable by versions of "
+            "vkt older than version %d",
+            kCurrentVersion);
     m_Version = version;
     return FileOk;
 }

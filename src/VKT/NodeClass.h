@@ -10,8 +10,10 @@ namespace VKT {
 bool IsFromOlderFile(const XBase& node);
 
 // Whether two functions are one: whether a class has a table of its own or inherits it.
-template <auto First, auto Second> inline constexpr bool kIsSame = false;
-template <auto Function> inline constexpr bool kIsSame<Function, Function> = true;
+template <auto First, auto Second>
+inline constexpr bool kIsSame = false;
+template <auto Function>
+inline constexpr bool kIsSame<Function, Function> = true;
 
 // What a node class is made of: its id, its base, and its tables.
 //
@@ -30,7 +32,8 @@ template <auto Function> inline constexpr bool kIsSame<Function, Function> = tru
 //
 // A class whose body was another one altogether in older files declares `OldTextBody`
 // and `OldBinaryBody`: they replace the whole chain while such a file is read.
-template <class Self, class Base, u32 Type> class XNodeClass : public Base {
+template <class Self, class Base, u32 Type>
+class XNodeClass : public Base {
 public:
     static constexpr u32 kType = Type;
 
@@ -59,7 +62,10 @@ public:
         return Base::DoData(file) && DoOwnBinaryBody(file);
     }
 
-    bool WriteChunk(XTextWriter& out) const override { return Base::WriteChunk(out) && WriteOwnTextBody(out); }
+    bool WriteChunk(XTextWriter& out) const override
+    {
+        return Base::WriteChunk(out) && WriteOwnTextBody(out);
+    }
 
     bool ReadChunk(XTextReader& in) override
     {

@@ -7,9 +7,10 @@
 
 namespace VKT {
 
-XBase* Detail::FindNode(const XBase& node, u32 id)
+XBase* Detail::FindNode(const XBase& node, u32 id, u32 type)
 {
-    return node.GetModel()->FindNode(id);
+    XBase* const found = node.GetModel()->FindNode(id);
+    return found ? found->HasFn(type) : nullptr;
 }
 
 bool Detail::Accepts(const XBase& node, const XBase* value, u32 type)
@@ -34,7 +35,8 @@ const XPropertyRow* XNodeProperties::Find(u32 id) const
 
 // Each class answers for its own rows of the type, so that a base still finds a number
 // that the class uses for another type.
-template <class T> bool XNodeProperties::Get(const XBase* node, u32 id, T& value) const
+template <class T>
+bool XNodeProperties::Get(const XBase* node, u32 id, T& value) const
 {
     if (!node || !node->HasFn(m_Type))
         return false;
@@ -45,7 +47,8 @@ template <class T> bool XNodeProperties::Get(const XBase* node, u32 id, T& value
     return m_Base && m_Base->Get(node, id, value);
 }
 
-template <class T> bool XNodeProperties::Set(XBase* node, u32 id, const T& value) const
+template <class T>
+bool XNodeProperties::Set(XBase* node, u32 id, const T& value) const
 {
     if (!node || !node->HasFn(m_Type))
         return false;

@@ -34,7 +34,8 @@ enum XPropertyFlag : u32 {
 
 // How a property of value type T is read and written on a node. Without `set` it is
 // read-only.
-template <class T> struct XPropertyAccess {
+template <class T>
+struct XPropertyAccess {
     bool (*get)(const XBase& node, T& value) = nullptr;
     bool (*set)(XBase& node, const T& value) = nullptr;
 };
@@ -127,8 +128,10 @@ public:
 
 private:
     const XPropertyRow* Find(u32 id) const;
-    template <class T> bool Get(const XBase* node, u32 id, T& value) const;
-    template <class T> bool Set(XBase* node, u32 id, const T& value) const;
+    template <class T>
+    bool Get(const XBase* node, u32 id, T& value) const;
+    template <class T>
+    bool Set(XBase* node, u32 id, const T& value) const;
 
     u32 m_Type;
     XPropertyTable m_Rows;

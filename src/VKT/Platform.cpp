@@ -5,7 +5,9 @@
 #ifdef _WIN32
 #include <io.h>
 #include <sys/stat.h>
+#ifndef NOMINMAX
 #define NOMINMAX
+#endif
 #include <windows.h>
 #else
 #include <pwd.h>
@@ -25,7 +27,7 @@ XDate DateOf(std::time_t moment)
     localtime_r(&moment, &parts);
 #endif
     const auto word = [](int value) { return static_cast<u32>(value); };
-    return {word(parts.tm_mday),  word(parts.tm_mon + 1), word(parts.tm_year + 1900),
+    return {word(parts.tm_mday), word(parts.tm_mon + 1), word(parts.tm_year + 1900),
             word(parts.tm_hour), word(parts.tm_min),     word(parts.tm_sec)};
 }
 

@@ -88,7 +88,8 @@ bool XPolygonMesh::WriteChunk(XTextWriter& out) const
 {
     if (!XGeometry::WriteChunk(out))
         return false;
-    out << "\tpoint_index_set \"" << (m_PointIndexSet ? m_PointIndexSet->GetName().c_str() : "none") << "\"\n";
+    out << "\tpoint_index_set \"" << (m_PointIndexSet ? m_PointIndexSet->GetName().c_str() : "none")
+        << "\"\n";
     out << "\tPOLY_COUNTS " << static_cast<u32>(m_PolyCounts.size()) << "\n\t{\n";
     out.WriteRows(m_PolyCounts, 1, {"\t\t"});
     out << "\t}\n\tnum_index_sets " << static_cast<u32>(m_IndexSets.size()) << '\n';

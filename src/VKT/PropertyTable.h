@@ -9,30 +9,47 @@ namespace VKT {
 
 namespace Detail {
 
-template <class T> struct MemberOf;
-template <class Value, class Owner> struct MemberOf<Value Owner::*> {
+template <class T>
+struct MemberOf;
+template <class Value, class Owner>
+struct MemberOf<Value Owner::*> {
     using Type = Value;
     using Node = Owner;
 };
 
-template <class T> constexpr XPropertyType kPropertyTypeOf = kPropertyNone;
-template <> inline constexpr XPropertyType kPropertyTypeOf<bool> = kPropertyBool;
-template <> inline constexpr XPropertyType kPropertyTypeOf<f32> = kPropertyFloat;
-template <> inline constexpr XPropertyType kPropertyTypeOf<u32> = kPropertyUnsigned;
-template <> inline constexpr XPropertyType kPropertyTypeOf<i32> = kPropertyInteger;
-template <> inline constexpr XPropertyType kPropertyTypeOf<XVector3> = kPropertyVector;
-template <> inline constexpr XPropertyType kPropertyTypeOf<XMatrix> = kPropertyMatrix;
-template <> inline constexpr XPropertyType kPropertyTypeOf<XColour> = kPropertyColour;
-template <> inline constexpr XPropertyType kPropertyTypeOf<XString> = kPropertyString;
-template <> inline constexpr XPropertyType kPropertyTypeOf<XBase*> = kPropertyNode;
-template <> inline constexpr XPropertyType kPropertyTypeOf<XQuaternion> = kPropertyQuaternion;
-template <> inline constexpr XPropertyType kPropertyTypeOf<XFloatArray> = kPropertyFloatArray;
-template <> inline constexpr XPropertyType kPropertyTypeOf<XVector3Array> = kPropertyVectorArray;
-template <> inline constexpr XPropertyType kPropertyTypeOf<XIntList> = kPropertyIntegerArray;
-template <> inline constexpr XPropertyType kPropertyTypeOf<XNodeList> = kPropertyNodeArray;
+template <class T>
+constexpr XPropertyType kPropertyTypeOf = kPropertyNone;
+template <>
+inline constexpr XPropertyType kPropertyTypeOf<bool> = kPropertyBool;
+template <>
+inline constexpr XPropertyType kPropertyTypeOf<f32> = kPropertyFloat;
+template <>
+inline constexpr XPropertyType kPropertyTypeOf<u32> = kPropertyUnsigned;
+template <>
+inline constexpr XPropertyType kPropertyTypeOf<i32> = kPropertyInteger;
+template <>
+inline constexpr XPropertyType kPropertyTypeOf<XVector3> = kPropertyVector;
+template <>
+inline constexpr XPropertyType kPropertyTypeOf<XMatrix> = kPropertyMatrix;
+template <>
+inline constexpr XPropertyType kPropertyTypeOf<XColour> = kPropertyColour;
+template <>
+inline constexpr XPropertyType kPropertyTypeOf<XString> = kPropertyString;
+template <>
+inline constexpr XPropertyType kPropertyTypeOf<XBase*> = kPropertyNode;
+template <>
+inline constexpr XPropertyType kPropertyTypeOf<XQuaternion> = kPropertyQuaternion;
+template <>
+inline constexpr XPropertyType kPropertyTypeOf<XFloatArray> = kPropertyFloatArray;
+template <>
+inline constexpr XPropertyType kPropertyTypeOf<XVector3Array> = kPropertyVectorArray;
+template <>
+inline constexpr XPropertyType kPropertyTypeOf<XIntList> = kPropertyIntegerArray;
+template <>
+inline constexpr XPropertyType kPropertyTypeOf<XNodeList> = kPropertyNodeArray;
 
-// The node of that id in the document of `node`, or null.
-XBase* FindNode(const XBase& node, u32 id);
+// The node of that id in the document of `node` when it answers to `type`, or null.
+XBase* FindNode(const XBase& node, u32 id, u32 type);
 // Whether a property of `node` that asks for `type` takes `value`, which may be null.
 bool Accepts(const XBase& node, const XBase* value, u32 type);
 
@@ -40,17 +57,20 @@ bool Accepts(const XBase& node, const XBase* value, u32 type);
 
 // The node of class `Node` that a property operation is called on; the table's engine
 // has checked the class.
-template <class Node> Node& As(XBase& node)
+template <class Node>
+Node& As(XBase& node)
 {
     return static_cast<Node&>(node);
 }
-template <class Node> const Node& As(const XBase& node)
+template <class Node>
+const Node& As(const XBase& node)
 {
     return static_cast<const Node&>(node);
 }
 
 // A field that is read and written as it stands.
-template <auto Member> constexpr XPropertyRow Field(u32 id, const char* name, u32 flags = 0)
+template <auto Member>
+constexpr XPropertyRow Field(u32 id, const char* name, u32 flags = 0)
 {
     using Value = typename Detail::MemberOf<decltype(Member)>::Type;
     using Node = typename Detail::MemberOf<decltype(Member)>::Node;
@@ -77,13 +97,14 @@ constexpr XPropertyRow Computed(u32 id, const char* name, u32 flags, bool (*get)
 
 // A reference to another node, held as its id. It must answer to `nodeType` (0 for any)
 // and be of the same document; null clears it.
-template <auto Member, u32 NodeType> constexpr XPropertyRow NodeField(u32 id, const char* name, u32 flags = 0)
+template <auto Member, u32 NodeType>
+constexpr XPropertyRow NodeField(u32 id, const char* name, u32 flags = 0)
 {
     using Node = typename Detail::MemberOf<decltype(Member)>::Node;
     return Computed<XBase*>(
         id, name, flags,
         [](const XBase& node, XBase*& value) {
-            value = Detail::FindNode(node, As<Node>(node).*Member);
+            value = Detail::FindNode(node, As<Node>(node).*Member, NodeType);
             return true;
         },
         [](XBase& node, XBase* const& value) {
@@ -95,27 +116,29 @@ template <auto Member, u32 NodeType> constexpr XPropertyRow NodeField(u32 id, co
         NodeType);
 }
 
-// The node that feeds a shader input.
-template <auto Member, u32 NodeType> constexpr XPropertyRow InputNode(u32 id, const char* name, u32 flags = 0)
+// The node that feeds a shader input. Null does not clear it.
+template <auto Member, u32 NodeType>
+constexpr XPropertyRow InputNode(u32 id, const char* name, u32 flags = 0)
 {
     using Node = typename Detail::MemberOf<decltype(Member)>::Node;
     return Computed<XBase*>(
         id, name, flags,
         [](const XBase& node, XBase*& value) {
-            value = Detail::FindNode(node, (As<Node>(node).*Member).input);
+            value = Detail::FindNode(node, (As<Node>(node).*Member).input, NodeType);
             return true;
         },
         [](XBase& node, XBase* const& value) {
-            if (!Detail::Accepts(node, value, NodeType))
+            if (!value || !Detail::Accepts(node, value, NodeType))
                 return false;
-            (As<Node>(node).*Member).input = value ? value->GetID() : 0;
+            (As<Node>(node).*Member).input = value->GetID();
             return true;
         },
         NodeType);
 }
 
 // The colour of a shader input.
-template <auto Member> constexpr XPropertyRow InputColour(u32 id, const char* name, u32 flags = 0)
+template <auto Member>
+constexpr XPropertyRow InputColour(u32 id, const char* name, u32 flags = 0)
 {
     using Node = typename Detail::MemberOf<decltype(Member)>::Node;
     return Computed<XColour>(

@@ -25,12 +25,14 @@ struct TypeRow {
     XBase* (*create)(XModel*);
 };
 
-template <class Node> constexpr TypeRow Abstract(const char* typeName)
+template <class Node>
+constexpr TypeRow Abstract(const char* typeName)
 {
     return {Node::kType, typeName, "", [](XModel*) -> XBase* { return nullptr; }};
 }
 
-template <class Node> constexpr TypeRow Concrete(const char* typeName, const char* chunkName)
+template <class Node>
+constexpr TypeRow Concrete(const char* typeName, const char* chunkName)
 {
     return {Node::kType, typeName, chunkName, [](XModel* model) -> XBase* { return new Node(model); }};
 }

@@ -16,14 +16,18 @@ namespace VKT {
 // Elements made by `resize` are default-initialised, not zeroed: a read is about to
 // overwrite them, and the first touch of fresh memory costs more than the parsing.
 // Ask for `resize(n, T{})` where zeroes are wanted.
-template <class T> class XStlAllocator {
+template <class T>
+class XStlAllocator {
 public:
     using value_type = T;
     using propagate_on_container_move_assignment = std::true_type;
     using propagate_on_container_swap = std::true_type;
 
     XStlAllocator() : m_Allocator(XGetAllocator()) {}
-    template <class U> XStlAllocator(const XStlAllocator<U>& other) : m_Allocator(other.GetAllocator()) {}
+    template <class U>
+    XStlAllocator(const XStlAllocator<U>& other) : m_Allocator(other.GetAllocator())
+    {
+    }
 
     T* allocate(std::size_t count)
     {
@@ -36,17 +40,20 @@ public:
     }
     void deallocate(T* block, std::size_t) { m_Allocator->Free(block); }
 
-    template <class U> void construct(U* place) noexcept(std::is_nothrow_default_constructible_v<U>)
+    template <class U>
+    void construct(U* place) noexcept(std::is_nothrow_default_constructible_v<U>)
     {
         ::new (static_cast<void*>(place)) U;
     }
-    template <class U, class... Args> void construct(U* place, Args&&... args)
+    template <class U, class... Args>
+    void construct(U* place, Args&&... args)
     {
         std::construct_at(place, std::forward<Args>(args)...);
     }
 
     XAllocator* GetAllocator() const { return m_Allocator; }
-    template <class U> bool operator==(const XStlAllocator<U>& other) const
+    template <class U>
+    bool operator==(const XStlAllocator<U>& other) const
     {
         return m_Allocator == other.GetAllocator();
     }
@@ -56,6 +63,7 @@ private:
 };
 
 // The vector of the library.
-template <class T> using XVector = std::vector<T, XStlAllocator<T>>;
+template <class T>
+using XVector = std::vector<T, XStlAllocator<T>>;
 
 }  // namespace VKT

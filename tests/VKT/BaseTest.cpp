@@ -5,8 +5,8 @@
 #include "VKT/Bone.h"
 #include "VKT/Joint.h"
 #include "VKT/LogCatcher.h"
-#include "VKT/NonLinearWave.h"
 #include "VKT/NodeName.h"
+#include "VKT/NonLinearWave.h"
 #include "VKT/PolygonMesh.h"
 #include "VKT/SpotLight.h"
 #include "VKT/TestModel.h"
@@ -204,7 +204,8 @@ TEST_F(BaseTest, NamesFromFilesAreCleaned)
     EXPECT_EQ(CleanName("a\tb"), "a\tb");
     EXPECT_EQ(CleanName(""), "");
 
-    const std::string chunk = "NONLINEAR_WAVE a\"b/c\\d\n{\n\tid 3\n" + TextOf(XNonLinearWave(&m_Model)) + "}\n";
+    const std::string chunk =
+        "NONLINEAR_WAVE a\"b/c\\d\n{\n\tid 3\n" + TextOf(XNonLinearWave(&m_Model)) + "}\n";
     ASSERT_EQ(LoadText(m_Model, "|VKT_004A#0000#00000000|\n" + chunk), FileOk);
     ASSERT_NE(m_Model.FindNode(3u), nullptr);
     EXPECT_STREQ(m_Model.FindNode(3u)->GetName(), "abcd");
@@ -279,8 +280,9 @@ TEST_F(BaseTest, ANameLongerThan65535IsCutInItsSizeToo)
 TEST_F(BaseTest, CloneOfANodeThatCannotBeCreatedIsNull)
 {
     EXPECT_EQ(m_Node.Clone(), nullptr);
-    EXPECT_EQ(m_Log.Text(),
-              "Error : Could not create type base. This is either because the type is abstract, or invalid...\n");
+    EXPECT_EQ(
+        m_Log.Text(),
+        "Error : Could not create type base. This is either because the type is abstract, or invalid...\n");
 }
 
 }  // namespace

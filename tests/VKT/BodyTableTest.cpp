@@ -63,8 +63,14 @@ public:
         return {".\\src\\VKT\\Record", rows};
     }
 
-    static void WriteWord(const XBase& node, XTextWriter& out) { out << static_cast<const Record&>(node).word << '\n'; }
-    static bool ReadWord(XBase& node, XTextReader& in) { return in.ReadToken(static_cast<Record&>(node).word); }
+    static void WriteWord(const XBase& node, XTextWriter& out)
+    {
+        out << static_cast<const Record&>(node).word << '\n';
+    }
+    static bool ReadWord(XBase& node, XTextReader& in)
+    {
+        return in.ReadToken(static_cast<Record&>(node).word);
+    }
 
     bool flag = false;
     i32 number = 0;
@@ -134,10 +140,10 @@ constexpr const char kFilledText[] =
     "\tread_later 50\n";
 
 constexpr const char kFilledBytes[] =
-    "00 00 00 00 00 00 "              // no name, id 0
-    "01 "                             // flag
-    "fe ff ff ff 03 00 00 00 "        // number, count
-    "00 00 80 40 00 00 a0 40 "        // the pair
+    "00 00 00 00 00 00 "        // no name, id 0
+    "01 "                       // flag
+    "fe ff ff ff 03 00 00 00 "  // number, count
+    "00 00 80 40 00 00 a0 40 "  // the pair
     "00 00 c0 40 00 00 e0 40 00 00 00 41 "
     "00 00 10 41 00 00 20 41 00 00 30 41 00 00 40 41 "
     "00 00 50 41 00 00 60 41 00 00 70 41 "  // three of four
@@ -146,9 +152,9 @@ constexpr const char kFilledBytes[] =
     "00 00 c8 41 00 00 d0 41 00 00 d8 41 00 00 e0 41 "
     "00 00 e8 41 00 00 f0 41 00 00 f8 41 00 00 00 42 "
     "00 00 04 42 00 00 08 42 00 00 0c 42 00 00 10 42 "
-    "00 00 14 42 00 00 18 42 "        // limits
+    "00 00 14 42 00 00 18 42 "  // limits
     "2b 00 00 00 00 00 1c 42 00 00 20 42 00 00 24 42 00 00 28 42 04 00 67 6c 6f 77 "
-    "2c 00 00 00 "                    // the connected node alone
+    "2c 00 00 00 "  // the connected node alone
     "2d 00 00 00 "
     "02 00 00 00 2e 00 00 00 2f 00 00 00 "
     "00 00 44 42 00 00 48 42";
@@ -299,7 +305,8 @@ TEST_F(BodyTable, EveryCutOfTheBytesFails)
         Record record(&m_Model);
         EXPECT_FALSE(ReadBody(record, bytes.substr(0, length))) << length;
     }
-    EXPECT_TRUE(m_Log.Text().starts_with("Error : XFileIO::DoData : expected to read/write 1 elements got 0\n"));
+    EXPECT_TRUE(
+        m_Log.Text().starts_with("Error : XFileIO::DoData : expected to read/write 1 elements got 0\n"));
 }
 
 TEST_F(BodyTable, EveryCutOfTheTextFailsUpToItsLastNumber)

@@ -224,20 +224,34 @@ TEST_F(BoneFile, SizeIsThatOfTheBaseAnd310AndFourForEachChild)
 TEST_F(BoneFile, EachWrongKeyIsLoggedWithItsRow)
 {
     const char* const keys[] = {
-        "visible",           "scale_pivot",
-        "rotate_pivot",      "min_bound",
-        "max_bound",         "scale\t",
-        "translate\t",       "rotation_orient",
-        "rotation\t",        "joint_orient",
-        "bind_pose_matrix",  "rotation_order",
-        "inherits_transform", "shearing",
-        "rotate_pivot_translate", "scale_pivot_translate",
-        "translate_limit_x", "translate_limit_y",
-        "translate_limit_z", "rotate_limit_x",
-        "rotate_limit_y",    "rotate_limit_z",
-        "scale_limit_x",     "scale_limit_y",
-        "scale_limit_z",     "parent",
-        "child_joints",      "INSTANCE_LIST",
+        "visible",
+        "scale_pivot",
+        "rotate_pivot",
+        "min_bound",
+        "max_bound",
+        "scale\t",
+        "translate\t",
+        "rotation_orient",
+        "rotation\t",
+        "joint_orient",
+        "bind_pose_matrix",
+        "rotation_order",
+        "inherits_transform",
+        "shearing",
+        "rotate_pivot_translate",
+        "scale_pivot_translate",
+        "translate_limit_x",
+        "translate_limit_y",
+        "translate_limit_z",
+        "rotate_limit_x",
+        "rotate_limit_y",
+        "rotate_limit_z",
+        "scale_limit_x",
+        "scale_limit_y",
+        "scale_limit_z",
+        "parent",
+        "child_joints",
+        "INSTANCE_LIST",
     };
     int row = 0;
     for (const std::string key : keys) {
@@ -245,16 +259,16 @@ TEST_F(BoneFile, EachWrongKeyIsLoggedWithItsRow)
         EXPECT_FALSE(ReadText(NewBone(), Replaced("\n" + kFilledText, "\n\t" + key, "\n\tWrong "))) << key;
         std::string expected = key.ends_with('\t') ? key.substr(0, key.size() - 1) : key;
         expected = expected == "INSTANCE_LIST" ? "instance_list" : expected;
-        EXPECT_EQ(m_Log.Text(), "Error : Expected " + expected + " got wrong [.\\src\\VKT\\Bone:" +
-                                    std::to_string(++row) + "]\n");
+        EXPECT_EQ(m_Log.Text(), "Error : Expected " + expected +
+                                    " got wrong [.\\src\\VKT\\Bone:" + std::to_string(++row) + "]\n");
     }
 }
 
 TEST_F(BoneFile, KeysAreReadInAnyCase)
 {
     XBone& bone = NewBone();
-    EXPECT_TRUE(ReadText(bone, Replaced(Replaced(kFilledText, "visible\t0", "VISIBLE 0"), "INSTANCE_LIST",
-                                        "instance_list")));
+    EXPECT_TRUE(ReadText(
+        bone, Replaced(Replaced(kFilledText, "visible\t0", "VISIBLE 0"), "INSTANCE_LIST", "instance_list")));
     EXPECT_EQ(TextOf(bone), kFilledText);
 }
 
@@ -269,8 +283,8 @@ TEST_F(BoneFile, RotationOrderIsDecidedByTwoLetters)
     for (const auto& [word, order] : cases) {
         XBone& bone = NewBone();
         bone.SetRotationOrder(2);  // what a word without a first letter leaves
-        EXPECT_TRUE(ReadText(bone, Replaced(kFilledText, "rotation_order yzx",
-                                            std::string("rotation_order ") + word)));
+        EXPECT_TRUE(ReadText(
+            bone, Replaced(kFilledText, "rotation_order yzx", std::string("rotation_order ") + word)));
         EXPECT_EQ(bone.GetRotationOrder(), order) << word;
     }
 }
@@ -281,7 +295,8 @@ TEST_F(BoneFile, RotationOrdersAreWrittenAsWords)
     for (u32 order = 0; order < std::size(words); ++order) {
         XBone& bone = NewBone();
         bone.SetRotationOrder(order);  // the last one is out of range
-        EXPECT_NE(TextOf(bone).find(std::string("\trotation_order ") + words[order] + "\n"), std::string::npos);
+        EXPECT_NE(TextOf(bone).find(std::string("\trotation_order ") + words[order] + "\n"),
+                  std::string::npos);
     }
 }
 
@@ -318,7 +333,8 @@ TEST_F(BoneFile, ChildrenThatAreClaimedAndDoNotComeFailAtTheNextKey)
 {
     for (const char* count : {"3", "4294967295"}) {
         m_Log.Clear();
-        EXPECT_FALSE(ReadText(NewBone(), Replaced(kFilledText, "child_joints 2", std::string("child_joints ") + count)));
+        EXPECT_FALSE(ReadText(NewBone(),
+                              Replaced(kFilledText, "child_joints 2", std::string("child_joints ") + count)));
         EXPECT_EQ(m_Log.Text(), "Error : Expected instance_list got  [.\\src\\VKT\\Bone:28]\n");
     }
 }
@@ -344,9 +360,10 @@ TEST_F(BoneFile, EveryCutOfTheBytesFails)
 
 TEST_F(BoneFile, CountsBeyondTheBytesFailBeforeTheyTakeMemory)
 {
-    EXPECT_FALSE(ReadBody(NewBone(), Bytes(kNode1 + Replaced(kFilledBytes, "02 00 00 00 4b", "ff ff ff ff 4b"))));
-    EXPECT_FALSE(ReadBody(NewBone(),
-                          Bytes(kNode1 + Replaced(kFilledBytes, "4c 00 00 00 00 00 00 00", "4c 00 00 00 ff ff ff ff"))));
+    EXPECT_FALSE(
+        ReadBody(NewBone(), Bytes(kNode1 + Replaced(kFilledBytes, "02 00 00 00 4b", "ff ff ff ff 4b"))));
+    EXPECT_FALSE(ReadBody(NewBone(), Bytes(kNode1 + Replaced(kFilledBytes, "4c 00 00 00 00 00 00 00",
+                                                             "4c 00 00 00 ff ff ff ff"))));
 }
 
 // A load builds the matrices anew, so that what the file says of them is discarded.

@@ -132,7 +132,8 @@ void Pose(XBone& bone, f32 seed)
 
 class BoneMatrix : public NodeTest {
 protected:
-    template <class T = XBone> T& New(XBone* parent = nullptr)
+    template <class T = XBone>
+    T& New(XBone* parent = nullptr)
     {
         T& bone = *m_Model.CreateNode<T>();
         if (parent)
@@ -189,8 +190,8 @@ TEST_F(BoneMatrix, JointUndoesTheScaleOfItsParent)
     Pose(joint, 0.25f);
     parent.UpdateWorldMatrix(kIdentityMatrix, true);
     ExpectNear(joint.GetLocal(false), LocalOf(joint, InverseScale(parent.GetScale(false))));
-    ExpectNear(joint.GetWorld(false),
-               LocalOf(parent) * LocalOf(joint, InverseScale(parent.GetScale(false))), 1e-4);
+    ExpectNear(joint.GetWorld(false), LocalOf(parent) * LocalOf(joint, InverseScale(parent.GetScale(false))),
+               1e-4);
 
     joint.SetSegmentScaleCompensate(false);
     parent.UpdateWorldMatrix(kIdentityMatrix, true);
@@ -222,7 +223,8 @@ TEST_F(BoneMatrix, InverseAndItsTransposeFollowTheWorld)
     ExpectNear(bone.GetWorld(false) * bone.GetInverseWorld(false), Identity(), 1e-4);
     for (std::size_t c = 0; c < 4; ++c)
         for (std::size_t r = 0; r < 4; ++r)
-            EXPECT_EQ(bone.GetInverseTransposeWorld(false)[4 * c + r], bone.GetInverseWorld(false)[4 * r + c]);
+            EXPECT_EQ(bone.GetInverseTransposeWorld(false)[4 * c + r],
+                      bone.GetInverseWorld(false)[4 * r + c]);
 }
 
 TEST_F(BoneMatrix, BoneScaledToNothingKeepsItsLastInverse)
@@ -293,8 +295,8 @@ TEST_F(BoneMatrix, BindFromCurrentIsPlainScaleRotationTranslation)
     EXPECT_EQ(bone.GetRotation(true), bone.GetRotation(false));
     EXPECT_EQ(bone.GetTranslate(true), bone.GetTranslate(false));
     EXPECT_EQ(bone.GetScale(true), bone.GetScale(false));
-    ExpectNear(bone.GetLocal(false), Translation(bone.GetTranslate(false)) * Rotation(bone.GetRotation(false)) *
-                                         Scale(bone.GetScale(false)));
+    ExpectNear(bone.GetLocal(false), Translation(bone.GetTranslate(false)) *
+                                         Rotation(bone.GetRotation(false)) * Scale(bone.GetScale(false)));
     EXPECT_EQ(bone.GetLocal(true), bone.GetLocal(false));
     EXPECT_EQ(bone.GetWorld(true), kIdentityMatrix);
 }

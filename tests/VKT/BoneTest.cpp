@@ -77,9 +77,10 @@ TEST_F(Bone, ChildThatIsAboveIsRefused)
     XBone& knee = New("knee", &hip);
     XBone& foot = New("foot", &knee);
     EXPECT_FALSE(foot.AddChild(&hip));
-    EXPECT_EQ(m_Log.Text(),
-              "Error : Cannot add \"hip\" as a child, since it is a parent of this node \"foot\" or one of it's "
-              "children....\n");
+    EXPECT_EQ(
+        m_Log.Text(),
+        "Error : Cannot add \"hip\" as a child, since it is a parent of this node \"foot\" or one of it's "
+        "children....\n");
     EXPECT_TRUE(foot.GetChildIds().empty());
     EXPECT_EQ(hip.GetParentId(), 0u);
 }
@@ -154,7 +155,8 @@ TEST_F(Bone, ChildrenThatAreGoneOrNoBonesAreNotListed)
     XBone& knee = New("knee", &hip);
     const XBase* light = m_Model.CreateNode(kFnSpotLight);
     const std::string ids = "3 " + std::to_string(light->GetID()) + " 77 " + std::to_string(knee.GetID());
-    ASSERT_TRUE(ReadText(hip, Replaced(TextOf(hip), "child_joints 1\n\t\t2 \n", "child_joints " + ids + "\n")));
+    ASSERT_TRUE(
+        ReadText(hip, Replaced(TextOf(hip), "child_joints 1\n\t\t2 \n", "child_joints " + ids + "\n")));
     XBoneList children;
     EXPECT_TRUE(hip.ListChildren(children));
     EXPECT_EQ(children, XBoneList{&knee});

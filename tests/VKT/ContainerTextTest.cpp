@@ -4,8 +4,6 @@
 
 #include "VKT/Bone.h"
 #include "VKT/LogCatcher.h"
-#include "VKT/NonLinearWave.h"
-#include "VKT/PolygonMesh.h"
 #include "VKT/TestModel.h"
 
 // Loading of the text form: the walk over the chunks, and what it says of damaged ones.
@@ -18,7 +16,6 @@ using Test::LoadText;
 using Test::RegistryScope;
 using Test::SaveText;
 using Test::TempFile;
-using Test::TextOf;
 
 constexpr char kHeader[] = "|VKT_004A#0000#00000000|\n";
 
@@ -93,7 +90,8 @@ TEST_F(ContainerText, ANewerFileIsRefusedAndLeavesTheDocumentEmpty)
     EXPECT_EQ(m_Model.GetVersion(), 4u);
     m_Log.Clear();
     EXPECT_EQ(LoadBytes(m_Model, "|VKT_999A#0000#00000000|\n"), FileTooNew);
-    EXPECT_TRUE(m_Log.Text().ends_with("Error : opening file: file version 999 is newer than vkt version 4\n"));
+    EXPECT_TRUE(
+        m_Log.Text().ends_with("Error : opening file: file version 999 is newer than vkt version 4\n"));
 }
 
 TEST_F(ContainerText, AnOlderFileLoadsWithAWarning)
@@ -102,9 +100,10 @@ TEST_F(ContainerText, AnOlderFileLoadsWithAWarning)
     const std::string newer = "\tenvelope_weight 1\n";  // files of then have no such line
     wave.erase(wave.find(newer), newer.size());
     EXPECT_EQ(Load("|VKT_003A#0000#00000000|\n" + wave), FileOk);
-    EXPECT_EQ(m_Log.Text(),
-              "Warning : File is from an older vkt version. If saved it will be unreadable by versions of vkt "
-              "older than version 4\n");
+    EXPECT_EQ(
+        m_Log.Text(),
+        "Warning : File is from an older vkt version. If saved it will be unreadable by versions of vkt "
+        "older than version 4\n");
     EXPECT_EQ(m_Model.GetVersion(), 3u);
     EXPECT_NE(m_Model.FindNode("w"), nullptr);
     EXPECT_EQ(SaveText(m_Model), kHeader + Wave("w", "1"));
@@ -157,7 +156,9 @@ TEST_F(ContainerText, ANodeWithIdZeroIsHeldByNameAloneAndNotSaved)
 
 TEST_F(ContainerText, AnUnknownChunkIsSkippedWithAWarning)
 {
-    EXPECT_EQ(Load(kHeader + std::string("NEWER_KIND thing\n{\n\tblock { a } { {b }c }\n}\n") + Wave("w", "1")), FileOk);
+    EXPECT_EQ(
+        Load(kHeader + std::string("NEWER_KIND thing\n{\n\tblock { a } { {b }c }\n}\n") + Wave("w", "1")),
+        FileOk);
     EXPECT_EQ(m_Log.Text(), "Warning : Dumping Unknown Chunk: header: NEWER_KIND name: thing\n");
     EXPECT_NE(m_Model.FindNode("w"), nullptr);
     EXPECT_EQ(m_Model.GetNumDroppedChunks(), 1u);
@@ -249,7 +250,8 @@ TEST_F(ContainerText, ADamagedNodeEndsTheLoadAndWhatCameBeforeIsLinked)
     std::string damaged = Wave("v", "2");
     damaged.replace(damaged.find("min_radius"), 10, "mean_radius");
     EXPECT_EQ(Load(kHeader + Wave("w", "9") + damaged + Wave("u", "3")), FileCorrupt);
-    EXPECT_EQ(m_Log.Text(), "Error : Expected min_radius got mean_radius [.\\src\\VKT\\NonLinearDeformer:2]\n");
+    EXPECT_EQ(m_Log.Text(),
+              "Error : Expected min_radius got mean_radius [.\\src\\VKT\\NonLinearDeformer:2]\n");
     EXPECT_NE(m_Model.FindNode("w"), nullptr);
     EXPECT_EQ(m_Model.FindNode("v"), nullptr);
     EXPECT_EQ(m_Model.FindNode(2u), nullptr);
@@ -335,9 +337,8 @@ TEST_F(ContainerText, AFileOfFewerThanFiveBytesIsNoScene)
     }
 }
 
-// Names, in text files, of what stands where in the hierarchy.
 std::string Bone(const std::string& name, const std::string& id, const std::string& parent,
-                 const std::string& children, const std::string& instances = "")
+                 const std::string& children)
 {
     return "BONE " + name + "\n{\n\tid " + id +
            "\n"
@@ -371,7 +372,7 @@ std::string Bone(const std::string& name, const std::string& id, const std::stri
            "\tscale_limit_y -INF +INF\n"
            "\tscale_limit_z -INF +INF\n"
            "\tparent " +
-           parent + "\n\tchild_joints " + children + "\n\tINSTANCE_LIST\n\t{\n" + instances + "\t}\n}\n";
+           parent + "\n\tchild_joints " + children + "\n\tINSTANCE_LIST\n\t{\n\t}\n}\n";
 }
 
 TEST_F(ContainerText, ALoadBuildsTheMatricesFromTheBindPose)
@@ -400,7 +401,8 @@ TEST_F(ContainerText, RingsOfBonesLoadAndKeepIdentityMatrices)
 
 TEST_F(ContainerText, ARingBelowARootEndsAfterEachEdgeOnce)
 {
-    ASSERT_EQ(Load(kHeader + Bone("root", "1", "0", "1\n\t\t2 ") + Bone("b", "2", "1", "2\n\t\t1 2 ")), FileOk);
+    ASSERT_EQ(Load(kHeader + Bone("root", "1", "0", "1\n\t\t2 ") + Bone("b", "2", "1", "2\n\t\t1 2 ")),
+              FileOk);
     // root, b below it, root below b, and b below itself: the edge to b is walked.
     EXPECT_EQ(XCast<XBone>(m_Model.FindNode("root"))->GetWorld(false), TranslationMatrix({3, 6, 9, 0}));
     EXPECT_EQ(XCast<XBone>(m_Model.FindNode("b"))->GetWorld(false), TranslationMatrix({3, 6, 9, 0}));
@@ -414,172 +416,6 @@ TEST_F(ContainerText, ChildrenThatAreNoBonesOrNotThereAreSteppedOver)
     EXPECT_TRUE(root->ListChildren(children));  // itself
     EXPECT_EQ(children.size(), 1u);
     EXPECT_EQ(root->GetChildIds(), (XIndexList{2, 99, 0, 1}));
-}
-
-class ContainerTextInstances : public ContainerText {
-protected:
-    std::string Mesh(const std::string& name, const std::string& id)
-    {
-        return "POLYGON_MESH " + name + "\n{\n\tid " + id + "\n" + TextOf(XPolygonMesh(&m_Model)) + "}\n";
-    }
-    static std::string Material(const std::string& name, const std::string& id)
-    {
-        return "LAMBERT " + name + "\n{\n\tid " + id +
-               "\n"
-               "\thw_shader 0\n"
-               "\tcolour 0.65 0.65 0.65 1 input 0\n"
-               "\tambient_colour 0.2 0.2 0.2 1 input 0\n"
-               "\tincandescence 0 0 0 1 input 0\n"
-               "\ttransparency 0 0 0 1 input 0\n"
-               "\tbump_map 0\n"
-               "\tenv_map 0\n"
-               "}\n";
-    }
-    // Material 1, mesh 2, bone 3 with these instances.
-    XFileResult LoadInstances(const std::string& instances)
-    {
-        return Load(kHeader + Material("m", "1") + Mesh("shape", "2") + Bone("bone", "3", "0", "0", instances));
-    }
-    const XInstance* Only()
-    {
-        XInstanceList list;
-        m_Model.ListInstances(list);
-        return list.size() == 1 ? list[0] : nullptr;
-    }
-};
-
-TEST_F(ContainerTextInstances, WithAMaterial)
-{
-    const std::string block =
-        "\t\tINSTANCE placed {\n"
-        "\t\t\tobject_id 2\n"
-        "\t\t\tnum_uv_sets 0\n"
-        "\t\t\tmaterial 1\n"
-        "\t\t}\n";
-    ASSERT_EQ(LoadInstances(block), FileOk);
-    ASSERT_NE(Only(), nullptr);
-    EXPECT_STREQ(Only()->GetName(), "placed");
-    EXPECT_EQ(Only()->GetMaterial(), 1u);
-    EXPECT_EQ(Only()->GetShape(), m_Model.FindNode("shape"));
-    EXPECT_EQ(Only()->GetParent(), m_Model.FindNode("bone"));
-    XInstanceList shown;
-    EXPECT_TRUE(XCast<XShape>(m_Model.FindNode("shape"))->GetObjectInstances(shown));
-    EXPECT_EQ(shown.size(), 1u);  // once, though the load links and the bone's read did
-    EXPECT_EQ(SaveText(m_Model),
-              kHeader + Material("m", "1") + Mesh("shape", "2") + Bone("bone", "3", "0", "0", block));
-    EXPECT_EQ(m_Log.Text(), "");
-}
-
-TEST_F(ContainerTextInstances, WithGroups)
-{
-    const std::string block =
-        "\t\tINSTANCE placed {\n"
-        "\t\t\tobject_id 2\n"
-        "\t\t\tnum_uv_sets 0\n"
-        "\t\t\tMATERIAL_GROUP {\n"
-        "\t\t\t\tmaterial_id 1\n"
-        "\t\t\t\tnum_face_indices 3\n"
-        "\t\t\t\t\t5 6 7 \n"
-        "\t\t\t}\n"
-        "\t\t\tMATERIAL_GROUP {\n"
-        "\t\t\t\tmaterial_id 0\n"
-        "\t\t\t\tnum_face_indices 0\n"
-        "\t\t\t\t\t\n"
-        "\t\t\t}\n"
-        "\t\t}\n";
-    ASSERT_EQ(LoadInstances(block), FileOk);
-    ASSERT_NE(Only(), nullptr);
-    ASSERT_EQ(Only()->GetMaterialGroups().size(), 2u);
-    EXPECT_EQ(Only()->GetMaterialGroups()[0]->m_Material, 1u);
-    EXPECT_EQ(Only()->GetMaterialGroups()[0]->m_Faces, (XIndexList{5, 6, 7}));
-    EXPECT_EQ(Only()->GetMaterialGroups()[1]->m_Material, 0u);
-    EXPECT_EQ(SaveText(m_Model),
-              kHeader + Material("m", "1") + Mesh("shape", "2") + Bone("bone", "3", "0", "0", block));
-}
-
-TEST_F(ContainerTextInstances, MaterialsThatAreNoneAreDropped)
-{
-    ASSERT_EQ(LoadInstances("INSTANCE i { object_id 2 num_uv_sets 0 material 2 material 99 "
-                            "MATERIAL_GROUP { material_id 3 num_face_indices 0 } }\n"),
-              FileOk);
-    EXPECT_EQ(Only()->GetMaterial(), 0u);
-    EXPECT_EQ(Only()->GetMaterialGroups()[0]->m_Material, 0u);
-    EXPECT_EQ(m_Log.Text(), "");
-}
-
-TEST_F(ContainerTextInstances, UvSetsOfWhatIsNoTextureAreDropped)
-{
-    ASSERT_EQ(LoadInstances("INSTANCE i { object_id 2 num_uv_sets 2 1 map1 99 map2 }\n"), FileOk);
-    EXPECT_TRUE(Only()->GetUvSets().empty());
-}
-
-TEST_F(ContainerTextInstances, AShapeThatIsMissingOrNoneDropsItsInstanceAlone)
-{
-    ASSERT_EQ(LoadInstances("INSTANCE gone { object_id 99 num_uv_sets 0 MATERIAL_GROUP { x { y } } }\n"
-                            "INSTANCE wrong { object_id 1 num_uv_sets 0 material 1 }\n"
-                            "INSTANCE right { object_id 2 num_uv_sets 0 }\n"),
-              FileOk);
-    EXPECT_EQ(m_Log.Text(),
-              "Warning : Shape ID 99 : name gone not found.\n"
-              "Warning : Shape ID 1 : name wrong is not a shape.\n");
-    ASSERT_NE(Only(), nullptr);
-    EXPECT_STREQ(Only()->GetName(), "right");
-}
-
-TEST_F(ContainerTextInstances, AnythingElseInTheListFailsTheBoneAndLeavesNoInstance)
-{
-    for (const char* list : {"x", "instance", "INSTANCE i { object_id 2 num_uv_sets 0 x }",
-                             "INSTANCE i { object_id 2 num_uv_sets 0 } ] "}) {
-        m_Log.Clear();
-        EXPECT_EQ(LoadInstances(std::string(list) + "\n"), FileCorrupt) << list;
-        EXPECT_EQ(m_Log.Text(), "Error : Unexpected error when reading instance list\n") << list;
-        EXPECT_EQ(m_Model.FindNode("bone"), nullptr);
-        XInstanceList instances;
-        EXPECT_FALSE(m_Model.ListInstances(instances));
-        EXPECT_FALSE(XCast<XShape>(m_Model.FindNode("shape"))->GetObjectInstances(instances));
-    }
-}
-
-TEST_F(ContainerTextInstances, AFileThatEndsInsideADroppedInstanceSaysSo)
-{
-    const std::string text = kHeader + Bone("bone", "3", "0", "0", "INSTANCE gone { object_id 99 num_uv_sets 0 x {");
-    EXPECT_EQ(Load(text), FileCorrupt);
-    EXPECT_EQ(m_Log.Text(),
-              "Warning : Shape ID 99 : name gone not found.\n"
-              "Error : Unexpected error when reading instance list\n");
-}
-
-TEST_F(ContainerTextInstances, WrongKeysAreLogged)
-{
-    const struct {
-        const char* list;
-        const char* message;
-    } cases[] = {
-        {"INSTANCE i object_id", "Error : Expected { got object_id [.\\src\\VKT\\Instance:1]\n"},
-        {"INSTANCE i { object", "Error : Expected object_id got object [.\\src\\VKT\\Instance:2]\n"},
-        {"INSTANCE i { object_id 2 num_uv", "Error : Expected num_uv_sets got num_uv [.\\src\\VKT\\Instance:3]\n"},
-        {"INSTANCE i { object_id 2 num_uv_sets 0 MATERIAL_GROUP x",
-         "Error : Expected { got x [.\\src\\VKT\\Instance:4]\n"},
-        {"INSTANCE i { object_id 2 num_uv_sets 0 MATERIAL_GROUP { x",
-         "Error : Expected material_id got x [.\\src\\VKT\\Instance:5]\n"},
-        {"INSTANCE i { object_id 2 num_uv_sets 0 MATERIAL_GROUP { material_id 1 x",
-         "Error : Expected num_face_indices got x [.\\src\\VKT\\Instance:6]\n"},
-        {"INSTANCE i { object_id 2 num_uv_sets 0 MATERIAL_GROUP { material_id 1 num_face_indices 1 7 x",
-         "Error : Expected } got x [.\\src\\VKT\\Instance:7]\n"},
-    };
-    for (const auto& [list, message] : cases) {
-        m_Log.Clear();
-        EXPECT_EQ(LoadInstances(std::string(list) + "\n"), FileCorrupt) << list;
-        EXPECT_EQ(m_Log.Text(), message);
-    }
-}
-
-TEST_F(ContainerTextInstances, TheSameShapeTwiceUnderOneBoneIsOneInstance)
-{
-    ASSERT_EQ(LoadInstances("INSTANCE a { object_id 2 num_uv_sets 0 }\nINSTANCE b { object_id 2 num_uv_sets 0 }\n"),
-              FileOk);
-    ASSERT_NE(Only(), nullptr);
-    EXPECT_STREQ(Only()->GetName(), "b");
 }
 
 }  // namespace

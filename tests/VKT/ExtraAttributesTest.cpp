@@ -80,10 +80,10 @@ TEST_F(ExtraAttributes, BinaryBlockStandsAheadOfTheBody)
 {
     m_Wave->CreateExtraAttribute("a")->Set(7);
     EXPECT_EQ(Hex(BodyOf(*m_Wave)).substr(0, 3 * 45 - 1),
-              "05 00 6e 6f 64 65 31 01 00 00 00 "           // name and id
+              "05 00 6e 6f 64 65 31 01 00 00 00 "              // name and id
               "01 00 00 00 8e 00 00 00 01 00 61 07 00 00 00 "  // one attribute
-              "00 00 00 00 00 00 00 00 "                     // no connections
-              "00 00 00 00 00 00 80 3f 00 00 00");           // affected, envelope weight, handle
+              "00 00 00 00 00 00 00 00 "                       // no connections
+              "00 00 00 00 00 00 80 3f 00 00 00");             // affected, envelope weight, handle
     EXPECT_EQ(m_Wave->GetDataSize(), 8 + BodyOf(*m_Wave).size());
 }
 
@@ -100,9 +100,11 @@ TEST_F(ExtraAttributes, TheSaveFlagLeavesThemOut)
 TEST_F(ExtraAttributes, ConnectionsOfAnAttributeThatIsNotThereAreDropped)
 {
     XModel loaded;
-    EXPECT_EQ(LoadText(loaded, File("\tEXTRA_ATTRIBUTES\n\t{\n\t\ta int 1\n\t}\n\tCONNECTIONS\n\t{\n"
-                                    "\t\tATTR b 0\n\t\t{\n\t\t\tinput 1 x\n\t\t\toutput 1\n\t\t\t\t1 y\n\t\t}\n\t}\n")),
-              FileOk);
+    EXPECT_EQ(
+        LoadText(loaded,
+                 File("\tEXTRA_ATTRIBUTES\n\t{\n\t\ta int 1\n\t}\n\tCONNECTIONS\n\t{\n"
+                      "\t\tATTR b 0\n\t\t{\n\t\t\tinput 1 x\n\t\t\toutput 1\n\t\t\t\t1 y\n\t\t}\n\t}\n")),
+        FileOk);
     EXPECT_EQ(SaveText(loaded), File("\tEXTRA_ATTRIBUTES\n\t{\n\t\ta int 1\n\t}\n"));
 }
 

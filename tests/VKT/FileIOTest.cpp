@@ -16,7 +16,8 @@ using Test::Hex;
 using Test::TempFile;
 
 // What `write` puts into a file.
-template <class Write> std::string Written(Write write)
+template <class Write>
+std::string Written(Write write)
 {
     const TempFile file(".bin");
     {
@@ -28,13 +29,15 @@ template <class Write> std::string Written(Write write)
     return file.Bytes();
 }
 
-template <class T> std::string HexOf(T value)
+template <class T>
+std::string HexOf(T value)
 {
     return Hex(Written([&](XFileIO& out) { EXPECT_NE(out.DoData(value), 0u); }));
 }
 
 // Reads a value from bytes; the count that the stream answered goes to `moved`.
-template <class T> T Read(std::string_view hex, T start, std::size_t* moved = nullptr)
+template <class T>
+T Read(std::string_view hex, T start, std::size_t* moved = nullptr)
 {
     const TempFile file(".bin", Bytes(hex));
     XFileIO in(file.Path(), true);

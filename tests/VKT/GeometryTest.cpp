@@ -73,7 +73,8 @@ TEST_F(Geometry, NoPointsLeaveTheArrayAsItWas)
     EXPECT_EQ(empty.GetNumPoints(), 0u);
     m_Geometry.SetPoints({{1, 2, 3, 0}});
     for (const char* count : {"0", "-1"}) {
-        EXPECT_TRUE(ReadText(m_Geometry, std::string("points ") + count + " deformer_queue 0 intermediate_object 0"));
+        EXPECT_TRUE(
+            ReadText(m_Geometry, std::string("points ") + count + " deformer_queue 0 intermediate_object 0"));
         EXPECT_EQ(m_Geometry.GetPoints(), (XVector3Array{{1, 2, 3, 0}}));
     }
 }

@@ -333,7 +333,8 @@ TEST_F(InfoInDocument, ADamagedRecordEndsTheLoadWithoutARecord)
 
 TEST_F(InfoInDocument, OfSeveralRecordsTheLastCounts)
 {
-    const std::string text = std::string("|VKT_004A#0000#00000000|\nINFO a\n") + kText + "INFO b\n" + With("anna", "ben");
+    const std::string text =
+        std::string("|VKT_004A#0000#00000000|\nINFO a\n") + kText + "INFO b\n" + With("anna", "ben");
     ASSERT_EQ(LoadText(m_Model, text), FileOk);
     EXPECT_EQ(m_Model.GetInfo()->GetUser(), "ben");
 }

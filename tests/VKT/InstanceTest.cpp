@@ -155,7 +155,8 @@ TEST_F(Instance, GroupsAreNotWrittenWithoutMaterials)
 {
     ASSERT_TRUE(ReadList(m_Bone, kWithGroups));
     m_Model.GetSaveFlags().Clear(SaveMaterials);
-    EXPECT_EQ(ListOf(m_Bone), Replaced(Replaced(kPlain, "lamp", "shade"), "sets 0", "sets 1\n\t\t\t\t5 map1"));
+    EXPECT_EQ(ListOf(m_Bone),
+              Replaced(Replaced(kPlain, "lamp", "shade"), "sets 0", "sets 1\n\t\t\t\t5 map1"));
     EXPECT_EQ(InstanceBytes(), "01 00 00 00 05 00 73 68 61 64 65 01 00 00 00 00 00 00 00 00");
 }
 
@@ -202,7 +203,8 @@ TEST_F(Instance, OlderTextHasNoUvSets)
         "SPOT_LIGHT lamp\n{\n\tid 1\n\tcolour 1 1 1\n\tintensity 1\n\tshadow_colour 0 0 0\n"
         "\tuse_depth_map_shadows 0\n\tcast_soft_shadows 0\n\tshadow_radius 0\n\tdecay_rate 0\n"
         "\tdepth_map_filter_size 1\n\tdepth_map_resolution 512\n\tdepth_map_bias 0.01\n\tcone_angle 1\n"
-        "\tpenumbra_angle 0\n\tdrop_off 0\n\tbarn_doors 0\n\tleft_barn_door_angle 0\n\tright_barn_door_angle 0\n"
+        "\tpenumbra_angle 0\n\tdrop_off 0\n\tbarn_doors 0\n\tleft_barn_door_angle 0\n\tright_barn_door_angle "
+        "0\n"
         "\ttop_barn_door_angle 0\n\tbottom_barn_door_angle 0\n\tuse_decay_regions 0\n\tdecay_1 1 2\n"
         "\tdecay_2 3 6\n\tdecay_3 8 10\n}\n"
         "BONE hip\n{\n\tid 2\n\tvisible 1\n\tscale_pivot 0 0 0\n\trotate_pivot 0 0 0\n\tmin_bound 0 0 0\n"
@@ -229,7 +231,8 @@ TEST_F(Instance, ShapeThatIsNotThereIsSkippedWithAWarning)
 
 TEST_F(Instance, SkippedBlockThatNeverEndsFails)
 {
-    EXPECT_FALSE(ReadText(m_Bone, Replaced(TextOf(m_Bone), "\t}\n", "INSTANCE a { object_id 44 num_uv_sets 0 ")));
+    EXPECT_FALSE(
+        ReadText(m_Bone, Replaced(TextOf(m_Bone), "\t}\n", "INSTANCE a { object_id 44 num_uv_sets 0 ")));
 }
 
 TEST_F(Instance, WhatIsNoTextureOrNoMaterialIsDropped)
@@ -290,13 +293,15 @@ TEST_F(Instance, WrongKeysAreLogged)
 TEST_F(Instance, CountsThatCannotBeTrueFail)
 {
     EXPECT_FALSE(ReadList(*m_Model.CreateNode<XBone>(), Replaced(kPlain, "sets 0", "sets 4294967295")));
-    EXPECT_FALSE(ReadList(*m_Model.CreateNode<XBone>(), Replaced(kWithGroups, "indices 3", "indices 4294967295")));
+    EXPECT_FALSE(
+        ReadList(*m_Model.CreateNode<XBone>(), Replaced(kWithGroups, "indices 3", "indices 4294967295")));
     ASSERT_TRUE(ReadList(m_Bone, kWithGroups));
     const std::string bytes = Hex(BodyOf(m_Bone));
     const char* const counts[] = {"01 00 00 00 05 00 73", "01 02 00 00 00 03", "03 00 00 00 03 00 00 00 07"};
     const char* const claims[] = {"ff ff ff ff 05 00 73", "01 ff ff ff ff 03", "03 00 00 00 ff ff ff ff 07"};
     for (int i = 0; i < 3; ++i)
-        EXPECT_FALSE(ReadBody(*m_Model.CreateNode<XBone>(), Bytes(Replaced(bytes, counts[i], claims[i])))) << i;
+        EXPECT_FALSE(ReadBody(*m_Model.CreateNode<XBone>(), Bytes(Replaced(bytes, counts[i], claims[i]))))
+            << i;
 }
 
 TEST_F(Instance, BoneThatCannotBeReadLeavesNoInstanceBehind)

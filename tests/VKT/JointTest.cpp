@@ -35,7 +35,8 @@ TEST_F(Joint, WrongKeyIsLogged)
 {
     XJoint& joint = New();
     EXPECT_FALSE(ReadText(joint, Replaced(TextOf(joint), "segment_scale_compensate", "compensate")));
-    EXPECT_EQ(m_Log.Text(), "Error : Expected segment_scale_compensate got compensate [.\\src\\VKT\\Joint:1]\n");
+    EXPECT_EQ(m_Log.Text(),
+              "Error : Expected segment_scale_compensate got compensate [.\\src\\VKT\\Joint:1]\n");
 }
 
 TEST_F(Joint, OneByteBehindThoseOfABone)

@@ -234,9 +234,9 @@ private:
 
 TEST_F(ModelTest, RandomRenamesGoByTheRule)
 {
-    const std::vector<std::string> stems = {"a",   "a1",  "a2",  "a10", "a01", "a0",   "b c", "b_c", "node", "node1",
-                                            "",    "1",   "0",   "a\t", "a_",  "9",    "99",  "a9",  "a99",  "node0",
-                                            "a11", "a21", "007", "x1y", "x",   "a100", "b_c1"};
+    const std::vector<std::string> stems = {
+        "a",  "a1", "a2", "a10", "a01", "a0",    "b c", "b_c", "node", "node1", "",  "1",    "0",   "a\t",
+        "a_", "9",  "99", "a9",  "a99", "node0", "a11", "a21", "007",  "x1y",   "x", "a100", "b_c1"};
     for (u32 seed = 1; seed <= 30; ++seed) {
         std::mt19937 random(seed);
         XModel model;
@@ -469,7 +469,9 @@ TEST_F(ModelTest, IdsRunOnBehindTheLargestIdOfAFile)
     const std::string header = "|VKT_004A#0000#00000000|\n";
     XLambert* const lambert = m_Model.CreateNode<XLambert>();
     const std::string body = TextOf(*lambert);
-    const auto file = [&](const char* id) { return header + "LAMBERT a\n{\n\tid " + id + "\n" + body + "}\n"; };
+    const auto file = [&](const char* id) {
+        return header + "LAMBERT a\n{\n\tid " + id + "\n" + body + "}\n";
+    };
     ASSERT_EQ(LoadText(m_Model, file("40")), FileOk);
     EXPECT_EQ(m_Model.CreateNode(kFnBone)->GetID(), 41u);
 

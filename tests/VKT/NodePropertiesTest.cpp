@@ -2,13 +2,13 @@
 
 #include <cstring>
 
+#include "VKT/Joint.h"
 #include "VKT/Lambert.h"
 #include "VKT/NodeClass.h"
 #include "VKT/NodeTest.h"
 #include "VKT/NonLinearWave.h"
 #include "VKT/PolygonMesh.h"
 #include "VKT/SpotLight.h"
-#include "VKT/Joint.h"
 
 using namespace VKT;
 using namespace VKT::Test;
@@ -419,7 +419,8 @@ TEST_F(Reflection, TotalCanBeToldInsteadOfCounted)
 
 // In this compiler's member pointers a virtual operation is one more than its place in the
 // table, in bytes. The destructor takes the first two places.
-template <class Operation> std::size_t PlaceOf(Operation operation)
+template <class Operation>
+std::size_t PlaceOf(Operation operation)
 {
     std::size_t word;
     std::memcpy(&word, &operation, sizeof word);
@@ -430,18 +431,23 @@ TEST(NodeProperties, OperationsStandInTheOrderThatCallersRelyOn)
 {
     using P = XNodeProperties;
     const std::size_t places[] = {
-        PlaceOf(&P::SetNodeArray),    PlaceOf(&P::SetNode),         PlaceOf(&P::SetMatrix),
-        PlaceOf(&P::SetUnsigned),     PlaceOf(&P::SetInteger),      PlaceOf(&P::SetIntegerArray),
-        PlaceOf(&P::SetVectorArray),  PlaceOf(&P::SetFloatArray),   PlaceOf(&P::SetString),
-        PlaceOf(&P::SetColour),       PlaceOf(&P::SetFloat),        PlaceOf(&P::SetBool),
-        PlaceOf(&P::SetVector),       PlaceOf(&P::SetQuaternion),   PlaceOf(&P::GetNodeArray),
-        PlaceOf(&P::GetNode),         PlaceOf(&P::GetMatrix),       PlaceOf(&P::GetUnsigned),
-        PlaceOf(&P::GetInteger),      PlaceOf(&P::GetVectorArray),  PlaceOf(&P::GetIntegerArray),
-        PlaceOf(&P::GetFloatArray),   PlaceOf(&P::GetString),       PlaceOf(&P::GetColour),
-        PlaceOf(&P::GetFloat),        PlaceOf(&P::GetBool),         PlaceOf(&P::GetVector),
-        PlaceOf(&P::GetQuaternion),   PlaceOf(&P::GetPropertyName), PlaceOf(&P::GetPropertyType),
-        PlaceOf(&P::GetPropertyId),   PlaceOf(&P::GetNumProperties), PlaceOf(&P::GetPropertyFlags),
-        PlaceOf(&P::GetPropertyNodeType),
+        PlaceOf(&P::SetNodeArray),     PlaceOf(&P::SetNode),
+        PlaceOf(&P::SetMatrix),        PlaceOf(&P::SetUnsigned),
+        PlaceOf(&P::SetInteger),       PlaceOf(&P::SetIntegerArray),
+        PlaceOf(&P::SetVectorArray),   PlaceOf(&P::SetFloatArray),
+        PlaceOf(&P::SetString),        PlaceOf(&P::SetColour),
+        PlaceOf(&P::SetFloat),         PlaceOf(&P::SetBool),
+        PlaceOf(&P::SetVector),        PlaceOf(&P::SetQuaternion),
+        PlaceOf(&P::GetNodeArray),     PlaceOf(&P::GetNode),
+        PlaceOf(&P::GetMatrix),        PlaceOf(&P::GetUnsigned),
+        PlaceOf(&P::GetInteger),       PlaceOf(&P::GetVectorArray),
+        PlaceOf(&P::GetIntegerArray),  PlaceOf(&P::GetFloatArray),
+        PlaceOf(&P::GetString),        PlaceOf(&P::GetColour),
+        PlaceOf(&P::GetFloat),         PlaceOf(&P::GetBool),
+        PlaceOf(&P::GetVector),        PlaceOf(&P::GetQuaternion),
+        PlaceOf(&P::GetPropertyName),  PlaceOf(&P::GetPropertyType),
+        PlaceOf(&P::GetPropertyId),    PlaceOf(&P::GetNumProperties),
+        PlaceOf(&P::GetPropertyFlags), PlaceOf(&P::GetPropertyNodeType),
     };
     EXPECT_EQ(std::size(places), 34u);  // with the destructor 35
     for (std::size_t i = 0; i < std::size(places); ++i)

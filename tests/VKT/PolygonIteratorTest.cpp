@@ -61,7 +61,8 @@ TEST_F(PolygonIterator, WithoutPointIndexSetCornersAreTheirOwnPoints)
 {
     ASSERT_TRUE(m_Mesh.SetPolygons({3, 3}, {10, 11, 12, 13, 14, 15}));
     XPolygonMesh& mesh = *m_Model.CreateNode<XPolygonMesh>();
-    ASSERT_TRUE(ReadText(mesh, Replaced(TextOf(m_Mesh), "point_index_set \"points\"", "point_index_set \"none\"")));
+    ASSERT_TRUE(
+        ReadText(mesh, Replaced(TextOf(m_Mesh), "point_index_set \"points\"", "point_index_set \"none\"")));
     XPolygonIterator it(&mesh);
     it.Next();
     EXPECT_EQ(it.GetVertexIndex(1), 4);

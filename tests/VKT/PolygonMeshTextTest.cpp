@@ -164,7 +164,8 @@ TEST_F(PolygonMeshText, NameNoneIsNoNameUnlessASetHasIt)
     ASSERT_TRUE(ReadText(m_Mesh, Replaced(kBody, "point_index_set \"points\"", "point_index_set \"none\"")));
     EXPECT_EQ(m_Mesh.GetPointIndexSet(), nullptr);
     XPolygonMesh& other = New();
-    ASSERT_TRUE(ReadText(other, Replaced(Replaced(kBody, "\"points\"", "\"none\""), "\"a map\"", "\"none\"")));
+    ASSERT_TRUE(
+        ReadText(other, Replaced(Replaced(kBody, "\"points\"", "\"none\""), "\"a map\"", "\"none\"")));
     EXPECT_EQ(other.GetPointIndexSet(), other.GetIndexSets()[1].get());
 }
 
@@ -218,8 +219,9 @@ TEST_F(PolygonMeshText, PolygonsWithoutCornersHaveTheirLines)
                          std::string("00 02 00 00 00 00 00 00 00 ") + second + " 00 00 00 01 00 00 00 06 00");
         mesh.Clear();
         ASSERT_TRUE(ReadBody(mesh, Bytes(bytes)));
-        EXPECT_NE(TextOf(mesh).find(second[1] == '0' ? "\t{\n\t\t\n\t\t\n\t}\n" : "\t{\n\t\t\n\t\t0 0 0 \n\t}\n"),
-                  std::string::npos);
+        EXPECT_NE(
+            TextOf(mesh).find(second[1] == '0' ? "\t{\n\t\t\n\t\t\n\t}\n" : "\t{\n\t\t\n\t\t0 0 0 \n\t}\n"),
+            std::string::npos);
     }
 }
 
@@ -296,16 +298,15 @@ TEST_F(PolygonMeshText, SetsReadBeforeAFailureStay)
 
 TEST_F(PolygonMeshText, ClaimsThatCannotBeTrueTakeNoMemory)
 {
-    for (const char* claim : {"num_index_sets 4294967295", "num_elements 4294967295", "num_vertex_sets 4294967295"}) {
-        const std::string key(claim, std::string_view(claim).find(' ') + 2);
-        EXPECT_FALSE(ReadText(New(), Replaced(kBody, key, claim)));
-    }
+    for (const char* count : {"num_index_sets 2", "num_elements 2", "num_vertex_sets 2"})
+        EXPECT_FALSE(ReadText(New(), Replaced(kBody, count, std::string(count) + "147483647"))) << count;
     // The product of both wraps in 32 bits.
     EXPECT_FALSE(ReadText(New(), Replaced(kBody, "num_elements 2\n\t\telement_size 2",
                                           "num_elements 2147483648\n\t\telement_size 2")));
-    for (const char* count : {"02 00 00 00 03 00 00 00 04", "02 00 00 00 06", "07 00 00 00 00", "02 00 00 00 02 00 75",
-                              "04 00 00 00 00 00 00 3f"})
-        EXPECT_FALSE(ReadBody(New(), Bytes(Replaced(kBytes, count, "ff ff ff ff" + std::string(count + 11)))));
+    for (const char* count : {"02 00 00 00 03 00 00 00 04", "02 00 00 00 06", "07 00 00 00 00",
+                              "02 00 00 00 02 00 75", "04 00 00 00 00 00 00 3f"})
+        EXPECT_FALSE(
+            ReadBody(New(), Bytes(Replaced(kBytes, count, "ff ff ff ff" + std::string(count + 11)))));
 }
 
 TEST_F(PolygonMeshText, EveryCutFails)

@@ -127,7 +127,7 @@ TEST_F(ShapeDeletion, TakesMaterialsOfGroupsAndThenNotTheSingleOne)
     instance.SetNumMaterialGroups(4);
     instance.SetMaterial(own, 0);
     instance.SetMaterial(shared, 1);
-    instance.SetMaterial(99, 2);  // no node
+    instance.SetMaterial(99, 2);               // no node
     instance.SetMaterial(m_First.GetID(), 3);  // no material
     XInstance& other = *m_Model.CreateInstance(&m_First, &m_Other);
     other.SetNumMaterialGroups(1);

@@ -63,17 +63,23 @@ std::vector<Vector> WorldPoints(const NeutralScene& scene)
 // An ASCII FBX file with what is needed of its frame; version 7.4.
 std::string Fbx(const std::string& objects, const std::string& connections, int up = 2)
 {
-    return "; FBX 7.4.0 project file\nFBXHeaderExtension:  {\n\tFBXHeaderVersion: 1003\n\tFBXVersion: 7400\n}\n"
+    return "; FBX 7.4.0 project file\nFBXHeaderExtension:  {\n\tFBXHeaderVersion: 1003\n\tFBXVersion: "
+           "7400\n}\n"
            "GlobalSettings:  {\n\tVersion: 1000\n\tProperties70:  {\n"
-           "\t\tP: \"UpAxis\", \"int\", \"Integer\", \"\"," + std::to_string(up) + "\n"
+           "\t\tP: \"UpAxis\", \"int\", \"Integer\", \"\"," +
+           std::to_string(up) +
+           "\n"
            "\t\tP: \"UnitScaleFactor\", \"double\", \"Number\", \"\",2.54\n\t}\n}\n"
-           "Objects:  {\n" + objects + "}\nConnections:  {\n" + connections + "}\n";
+           "Objects:  {\n" +
+           objects + "}\nConnections:  {\n" + connections + "}\n";
 }
 
 std::string FbxModel(int id, const std::string& name, const std::string& properties)
 {
-    return "\tModel: " + std::to_string(id) + ", \"Model::" + name + "\", \"Mesh\" {\n\t\tVersion: 232\n"
-           "\t\tProperties70:  {\n" + properties + "\t\t}\n\t}\n";
+    return "\tModel: " + std::to_string(id) + ", \"Model::" + name +
+           "\", \"Mesh\" {\n\t\tVersion: 232\n"
+           "\t\tProperties70:  {\n" +
+           properties + "\t\t}\n\t}\n";
 }
 
 std::string FbxVector(const char* name, const char* type, const char* values)
@@ -83,7 +89,8 @@ std::string FbxVector(const char* name, const char* type, const char* values)
 
 // A quadrilateral in the plane of x and y.
 const std::string kFbxQuad =
-    "\tGeometry: 10, \"Geometry::quad\", \"Mesh\" {\n\t\tVertices: *12 {\n\t\t\ta: 0,0,0,1,0,0,1,1,0,0,1,0\n\t\t}\n"
+    "\tGeometry: 10, \"Geometry::quad\", \"Mesh\" {\n\t\tVertices: *12 {\n\t\t\ta: "
+    "0,0,0,1,0,0,1,1,0,0,1,0\n\t\t}\n"
     "\t\tPolygonVertexIndex: *4 {\n\t\t\ta: 0,1,2,-4\n\t\t}\n\t\tGeometryVersion: 124\n\t}\n";
 
 std::string Connect(int child, int parent)
@@ -104,8 +111,10 @@ TEST(AssimpReader, TakesAFixedListOfExtensions)
 
 TEST(AssimpReader, OldFbxIsRefused)
 {
-    const TempFile old("; FBX 6.1.0 project file\nFBXHeaderExtension:  {\n\tFBXHeaderVersion: 1003\n"
-                       "\tFBXVersion: 6100\n}\nObjects:  {\n}\n", "fbx");
+    const TempFile old(
+        "; FBX 6.1.0 project file\nFBXHeaderExtension:  {\n\tFBXHeaderVersion: 1003\n"
+        "\tFBXVersion: 6100\n}\nObjects:  {\n}\n",
+        "fbx");
     EXPECT_THAT(ReadSceneFile(old.Path()).error, EndsWith(": FBX files older than 7.1 can't be read"));
 }
 
@@ -113,10 +122,11 @@ TEST(AssimpReader, GeometricTransformIsTheObjectOffsetAndSparesTheChildren)
 {
     const TempFile file(
         Fbx(kFbxQuad +
-                FbxModel(1, "parent", FbxVector("Lcl Translation", "Lcl Translation", "0,0,10") +
-                                          FbxVector("GeometricTranslation", "Vector3D", "5,0,0") +
-                                          FbxVector("GeometricRotation", "Vector3D", "0,0,90") +
-                                          FbxVector("GeometricScaling", "Vector3D", "1,2,3")) +
+                FbxModel(1, "parent",
+                         FbxVector("Lcl Translation", "Lcl Translation", "0,0,10") +
+                             FbxVector("GeometricTranslation", "Vector3D", "5,0,0") +
+                             FbxVector("GeometricRotation", "Vector3D", "0,0,90") +
+                             FbxVector("GeometricScaling", "Vector3D", "1,2,3")) +
                 FbxModel(2, "child", FbxVector("Lcl Translation", "Lcl Translation", "1,0,0")),
             Connect(1, 0) + Connect(2, 1) + Connect(10, 1) + Connect(10, 2)),
         "fbx");
@@ -139,8 +149,9 @@ TEST(AssimpReader, GeometricTransformIsTheObjectOffsetAndSparesTheChildren)
 
 TEST(AssimpReader, PivotsAreMultipliedIntoTheNode)
 {
-    const TempFile file(Fbx(kFbxQuad + FbxModel(1, "n", FbxVector("RotationPivot", "Vector3D", "1,0,0") +
-                                                            FbxVector("Lcl Rotation", "Lcl Rotation", "0,0,90")),
+    const TempFile file(Fbx(kFbxQuad + FbxModel(1, "n",
+                                                FbxVector("RotationPivot", "Vector3D", "1,0,0") +
+                                                    FbxVector("Lcl Rotation", "Lcl Rotation", "0,0,90")),
                             Connect(1, 0) + Connect(10, 1)),
                         "fbx");
     const NeutralScene scene = ReadGood(file.Path());
@@ -156,12 +167,17 @@ TEST(AssimpReader, PivotsAreMultipliedIntoTheNode)
 std::string FbxCurve(const std::string& property, double from, double to)
 {
     const std::string keys = std::to_string(from) + "," + std::to_string(to);
-    return "\tAnimationStack: 50, \"AnimStack::Take\", \"\" {\n\t}\n\tAnimationLayer: 51, \"AnimLayer::Base\", \"\" {\n\t}\n"
-           "\tAnimationCurveNode: 52, \"AnimCurveNode::" + property + "\", \"\" {\n\t\tProperties70:  {\n" +
-           FbxVector("d|X", "Number", "0") + FbxVector("d|Y", "Number", "0") + FbxVector("d|Z", "Number", "0") +
+    return "\tAnimationStack: 50, \"AnimStack::Take\", \"\" {\n\t}\n\tAnimationLayer: 51, "
+           "\"AnimLayer::Base\", \"\" {\n\t}\n"
+           "\tAnimationCurveNode: 52, \"AnimCurveNode::" +
+           property + "\", \"\" {\n\t\tProperties70:  {\n" + FbxVector("d|X", "Number", "0") +
+           FbxVector("d|Y", "Number", "0") + FbxVector("d|Z", "Number", "0") +
            "\t\t}\n\t}\n\tAnimationCurve: 53, \"AnimCurve::\", \"\" {\n\t\tDefault: 0\n\t\tKeyVer: 4008\n"
-           "\t\tKeyTime: *2 {\n\t\t\ta: 0,46186158000\n\t\t}\n\t\tKeyValueFloat: *2 {\n\t\t\ta: " + keys + "\n\t\t}\n"
-           "\t\tKeyAttrFlags: *1 {\n\t\t\ta: 24836\n\t\t}\n\t\tKeyAttrDataFloat: *4 {\n\t\t\ta: 0,0,0,0\n\t\t}\n"
+           "\t\tKeyTime: *2 {\n\t\t\ta: 0,46186158000\n\t\t}\n\t\tKeyValueFloat: *2 {\n\t\t\ta: " +
+           keys +
+           "\n\t\t}\n"
+           "\t\tKeyAttrFlags: *1 {\n\t\t\ta: 24836\n\t\t}\n\t\tKeyAttrDataFloat: *4 {\n\t\t\ta: "
+           "0,0,0,0\n\t\t}\n"
            "\t\tKeyAttrRefCount: *1 {\n\t\t\ta: 2\n\t\t}\n\t}\n";
 }
 
@@ -187,8 +203,10 @@ Transform PoseAt(const NeutralScene& scene, double seconds)
 
 TEST(AssimpReader, AnAnimatedPreRotationIsAppliedOnce)
 {
-    const TempFile file(Fbx(kFbxQuad + FbxModel(1, "n", FbxVector("PreRotation", "Vector3D", "90,0,0") +
-                                                            "\t\t\tP: \"RotationActive\", \"bool\", \"\", \"\",1\n") +
+    const TempFile file(Fbx(kFbxQuad +
+                                FbxModel(1, "n",
+                                         FbxVector("PreRotation", "Vector3D", "90,0,0") +
+                                             "\t\t\tP: \"RotationActive\", \"bool\", \"\", \"\",1\n") +
                                 FbxCurve("R", 0, 90),
                             Connect(1, 0) + Connect(10, 1) + ConnectCurve("Lcl Rotation")),
                         "fbx");
@@ -220,7 +238,8 @@ TEST(AssimpReader, AMovingRotationAboutAPivotIsSampledAtFrames)
 TEST(AssimpReader, TheUpAxisOfFbxIsRead)
 {
     for (const int axis : {0, 1, 2}) {
-        const TempFile file(Fbx(kFbxQuad + FbxModel(1, "n", ""), Connect(1, 0) + Connect(10, 1), axis), "fbx");
+        const TempFile file(Fbx(kFbxQuad + FbxModel(1, "n", ""), Connect(1, 0) + Connect(10, 1), axis),
+                            "fbx");
         const NeutralScene scene = ReadGood(file.Path());
         EXPECT_EQ(scene.up.x, axis == 0 ? 1.0 : 0.0);
         EXPECT_EQ(scene.up.y, axis == 1 ? 1.0 : 0.0);
@@ -239,8 +258,9 @@ TEST(AssimpReader, PropertiesOfUsersAreKeptAndThoseOfFbxAreNot)
             Connect(1, 0) + Connect(10, 1)),
         "fbx");
     const NeutralScene scene = ReadGood(file.Path());
-    EXPECT_THAT(scene.nodes[0].properties, testing::UnorderedElementsAre(Property{"health", std::int64_t{42}},
-                                                                        Property{"team", std::string("blue")}));
+    EXPECT_THAT(scene.nodes[0].properties,
+                testing::UnorderedElementsAre(Property{"health", std::int64_t{42}},
+                                              Property{"team", std::string("blue")}));
     EXPECT_EQ(scene.nodes[0].propertyText, "speed = 3");
 }
 
@@ -341,19 +361,33 @@ TEST(AssimpReader, FilesTurnedByTheLibraryAreTurnedBack)
 
 TEST(AssimpReader, ARootWithAMeshIsANodeNamedAfterTheFile)
 {
-    const TempFile file("ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\nproperty float y\n"
-                        "property float z\nelement face 1\nproperty list uchar int vertex_index\nend_header\n"
-                        "0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n", "ply");
+    const TempFile file(
+        "ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\nproperty float y\n"
+        "property float z\nelement face 1\nproperty list uchar int vertex_index\nend_header\n"
+        "0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n",
+        "ply");
     const NeutralScene scene = ReadGood(file.Path());
     ASSERT_EQ(scene.nodes.size(), 1u);
     EXPECT_EQ(scene.nodes[0].name, file.Path().stem());
     EXPECT_EQ(scene.meshes[0].points.size(), 3u);
 }
 
+TEST(AssimpReader, PlyHeadersThatMisleadTheLibraryAreRefused)
+{
+    const TempFile file("ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\n", "ply");
+    EXPECT_THAT(ReadSceneFile(file.Path()).error, EndsWith(": the header of the PLY file has no end"));
+    const TempFile greedy(
+        "ply\nformat ascii 1.0\nelement vertex 999999999\nproperty float x\nend_header\n0\n", "ply");
+    EXPECT_THAT(ReadSceneFile(greedy.Path()).error,
+                EndsWith(": the PLY file claims more \"vertex\" than it can hold"));
+}
+
 TEST(AssimpReader, ObjMaterialsAndPolygonsAreKept)
 {
-    const TempFile file("v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\nv 2 0 0\nvt 0 0.25\no shape\n"
-                        "f 1/1 2/1 3/1 4/1\nf 2/1 5/1 3/1\nl 1 5\n", "obj");
+    const TempFile file(
+        "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\nv 2 0 0\nvt 0 0.25\no shape\n"
+        "f 1/1 2/1 3/1 4/1\nf 2/1 5/1 3/1\nl 1 5\n",
+        "obj");
     const NeutralScene scene = ReadGood(file.Path());
     ASSERT_EQ(scene.nodes.size(), 1u);
     EXPECT_EQ(scene.nodes[0].name, "shape");

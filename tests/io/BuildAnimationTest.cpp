@@ -60,7 +60,8 @@ double WorstDistance(const NeutralScene& scene, const BuildReport& report, int s
     const Matrix turn = RotationMatrix(TurnBetween(scene.up, {0, 0, 1}));
     double worst = 0.0;
     for (int step = 0; step <= steps; ++step) {
-        const TimeValue t = range.Start() + static_cast<int>(double(range.End() - range.Start()) * step / steps);
+        const TimeValue t =
+            range.Start() + static_cast<int>(double(range.End() - range.Start()) * step / steps);
         std::vector<Transform> locals;
         for (const NeutralNode& node : scene.nodes)
             locals.push_back(node.local);
@@ -76,7 +77,8 @@ double WorstDistance(const NeutralScene& scene, const BuildReport& report, int s
         std::vector<Matrix> world;
         for (std::size_t i = 0; i < locals.size(); ++i) {
             const int parent = scene.nodes[i].parent;
-            world.push_back((parent < 0 ? turn : world[static_cast<std::size_t>(parent)]) * ToMatrix(locals[i]));
+            world.push_back((parent < 0 ? turn : world[static_cast<std::size_t>(parent)]) *
+                            ToMatrix(locals[i]));
             const Matrix3 tm = report.nodes[i]->GetNodeTM(t);
             for (const Vector& v : {Vector{0, 0, 0}, Vector{1, 0, 0}, Vector{0, 1, 0}, Vector{0, 0, 1}}) {
                 const Point3 p = tm.PointTransform(
@@ -135,7 +137,8 @@ TEST_F(BuildAnimationTest, HalfTurnsPerKeyAreFollowedAllTheWay)
 TEST_F(BuildAnimationTest, RotationsThroughUprightStayWithinTheTolerance)
 {
     // About an axis that takes x past straight up.
-    const Quaternion ends[] = {{0, 0, 0, 1}, Normalized({0.30, 0.55, 0.35, 0.7}), Normalized({0.9, -0.2, 0.3, 0.1})};
+    const Quaternion ends[] = {
+        {0, 0, 0, 1}, Normalized({0.30, 0.55, 0.35, 0.7}), Normalized({0.9, -0.2, 0.3, 0.1})};
     std::vector<double> values;
     for (const Quaternion& q : ends)
         values.insert(values.end(), {q.x, q.y, q.z, q.w});
@@ -218,7 +221,8 @@ TEST_F(BuildAnimationTest, KeysYearsApartDoNotFillTheMemory)
 {
     AddTrack(TrackPath::Rotation, {0.0, 1e9}, {0, 0, 0, 1, 0, 0, 1, 0});
     const BuildReport report = BuildScene(scene);
-    EXPECT_LT(KeyCount(*report.nodes[0], Track::RotationZ), 4'000'100);
+    EXPECT_LT(KeyCount(*report.nodes[0], Track::RotationZ), 1'000'003);
+    EXPECT_THAT(report.warnings, ElementsAre(HasSubstr("too long for a key at every frame")));
 }
 
 TEST_F(BuildAnimationTest, AMotionFilePlaysInTheHostAsInTheFile)
@@ -231,8 +235,9 @@ TEST_F(BuildAnimationTest, AMotionFilePlaysInTheHostAsInTheFile)
     const BuildReport report = BuildScene(result.scene);
     EXPECT_EQ(GetTicksPerFrame(), 40);
     EXPECT_EQ(GetCOREInterface()->GetAnimRange().End(), 2751 * 40);
-    // At frames, which are keys: single precision over a chain of ten joints.
-    EXPECT_LT(WorstDistance(result.scene, report, 2751), 1e-3);
+    // The file's frame is not quite a 120th of a second: its keys move by up to half a
+    // tick, while the hands move by 40 units a second.
+    EXPECT_LT(WorstDistance(result.scene, report, 2751), 5e-3);
 }
 
 }  // namespace

@@ -47,8 +47,9 @@ struct FullFile {
 std::string MeshOf(GltfFixture& fixture, const std::string& accessor)
 {
     const int number = fixture.AddAccessor(accessor);
-    return fixture.Text("\"nodes\":[{\"mesh\":0}],\"meshes\":[{\"primitives\":[{\"attributes\":{\"POSITION\":" +
-                        std::to_string(number) + "}}]}]");
+    return fixture.Text(
+        "\"nodes\":[{\"mesh\":0}],\"meshes\":[{\"primitives\":[{\"attributes\":{\"POSITION\":" +
+        std::to_string(number) + "}}]}]");
 }
 
 std::string ErrorOfAccessor(const std::string& accessor)
@@ -88,7 +89,8 @@ TEST(GltfDamage, AccessorsBeyondTheirDataAreRefused)
     };
     EXPECT_EQ(error(R"("bufferView":0,"count":3)"), "");
     EXPECT_EQ(error(R"("bufferView":0,"count":4)"), "accessor 0 reaches beyond its buffer view");
-    EXPECT_EQ(error(R"("bufferView":0,"count":3,"byteOffset":4)"), "accessor 0 reaches beyond its buffer view");
+    EXPECT_EQ(error(R"("bufferView":0,"count":3,"byteOffset":4)"),
+              "accessor 0 reaches beyond its buffer view");
     EXPECT_EQ(error(R"("bufferView":0,"count":1,"byteOffset":18446744073709551608)"),
               "accessor 0 reaches beyond its buffer view");
     EXPECT_EQ(error(R"("bufferView":1,"count":3)"), "accessor 0 names a buffer view that does not exist");
@@ -130,7 +132,8 @@ TEST(GltfDamage, ViewsBeyondTheirBufferAreRefused)
               "accessor 0 lies in a buffer view that reaches beyond its buffer");
     EXPECT_EQ(ErrorOf(mesh + R"({"buffer":0,"byteLength":12,"byteOffset":18446744073709551612}]})"),
               "accessor 0 lies in a buffer view that reaches beyond its buffer");
-    EXPECT_EQ(ErrorOf(mesh + R"({"buffer":1,"byteLength":12}]})"), "accessor 0 lies in a buffer that does not exist");
+    EXPECT_EQ(ErrorOf(mesh + R"({"buffer":1,"byteLength":12}]})"),
+              "accessor 0 lies in a buffer that does not exist");
     EXPECT_EQ(ErrorOf(mesh + R"({"buffer":0,"byteLength":12,"byteStride":8}]})"),
               "accessor 0 has elements larger than their stride");
 }
@@ -141,11 +144,14 @@ TEST(GltfDamage, FacesOfMissingVerticesAreLeftOut)
     fixture.AddFloats({0, 0, 0, 1, 0, 0, 0, 1, 0}, "VEC3", 3);
     fixture.AddShorts({0, 1, 2, 0, 1, 3});
     const ReadResult result = ReadGltf(TempFile(fixture.Text(R"("nodes":[{"mesh":0}],
-        "meshes":[{"primitives":[{"attributes":{"POSITION":0},"indices":1}]}])"), "gltf").Path());
+        "meshes":[{"primitives":[{"attributes":{"POSITION":0},"indices":1}]}])"),
+                                                "gltf")
+                                           .Path());
     ASSERT_EQ(result.error, "");
     EXPECT_EQ(result.scene.meshes[0].cornerCounts.size(), 1u);
-    EXPECT_THAT(result.scene.warnings,
-                testing::ElementsAre("mesh 0 \"\": 1 triangles left out that name vertices which do not exist"));
+    EXPECT_THAT(
+        result.scene.warnings,
+        testing::ElementsAre("mesh 0 \"\": 1 triangles left out that name vertices which do not exist"));
 }
 
 TEST(GltfDamage, ASmallFileCanNotClaimMuchByNamingOneListOften)
@@ -156,8 +162,9 @@ TEST(GltfDamage, ASmallFileCanNotClaimMuchByNamingOneListOften)
     std::string primitives = R"({"attributes":{"POSITION":0},"indices":1})";
     for (int i = 0; i < 10; ++i)
         primitives += "," + primitives;
-    EXPECT_EQ(ErrorOf(fixture.Text("\"nodes\":[{\"mesh\":0}],\"meshes\":[{\"primitives\":[" + primitives + "]}]")),
-              "the file claims far more data than its size can hold");
+    EXPECT_EQ(
+        ErrorOf(fixture.Text("\"nodes\":[{\"mesh\":0}],\"meshes\":[{\"primitives\":[" + primitives + "]}]")),
+        "the file claims far more data than its size can hold");
 }
 
 TEST(GltfDamage, DeepNestingIsRefused)

@@ -79,13 +79,14 @@ private:
     std::string Document(const std::string& rest, const std::string& uri) const
     {
         return "{\"asset\":{\"version\":\"2.0\"}," + rest + ",\"accessors\":[" + m_Accessors +
-               "],\"bufferViews\":[" + m_Views + "],\"buffers\":[{\"byteLength\":" +
-               std::to_string(m_Data.size()) + uri + "}]}";
+               "],\"bufferViews\":[" + m_Views +
+               "],\"buffers\":[{\"byteLength\":" + std::to_string(m_Data.size()) + uri + "}]}";
     }
 
     std::string Base64() const
     {
-        constexpr std::string_view kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+        constexpr std::string_view kDigits =
+            "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
         std::string text;
         for (std::size_t i = 0; i < m_Data.size(); i += 3) {
             std::uint32_t block = 0;

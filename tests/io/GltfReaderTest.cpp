@@ -98,22 +98,25 @@ TEST(GltfReader, StridesNormalisedIntegersAndSparseAccessorsAreResolved)
         inView + "\"byteOffset\":12,\"componentType\":5123,\"type\":\"VEC2\",\"normalized\":true}");
     const std::uint16_t moved[] = {1};
     const float delta[] = {0, 0, 7};
-    const int indexView = fixture.AddView(moved, sizeof moved), valueView = fixture.AddView(delta, sizeof delta);
+    const int indexView = fixture.AddView(moved, sizeof moved),
+              valueView = fixture.AddView(delta, sizeof delta);
     const int deltas = fixture.AddAccessor(
         "{\"componentType\":5126,\"type\":\"VEC3\",\"count\":3,\"sparse\":{\"count\":1,\"indices\":{"
-        "\"componentType\":5123,\"bufferView\":" + std::to_string(indexView) +
-        "},\"values\":{\"bufferView\":" + std::to_string(valueView) + "}}}");
-    const int colours = fixture.AddBytes({255, 0, 0, 51, 102, 204, 0, 255, 0}, "VEC3", 3, ",\"normalized\":true");
+        "\"componentType\":5123,\"bufferView\":" +
+        std::to_string(indexView) + "},\"values\":{\"bufferView\":" + std::to_string(valueView) + "}}}");
+    const int colours =
+        fixture.AddBytes({255, 0, 0, 51, 102, 204, 0, 255, 0}, "VEC3", 3, ",\"normalized\":true");
     const NeutralScene scene = ReadGood(fixture.Text(
         "\"nodes\":[{\"mesh\":0}],\"meshes\":[{\"extras\":{\"targetNames\":[\"up\"]},\"weights\":[0.5],"
-        "\"primitives\":[{\"attributes\":{\"POSITION\":" + std::to_string(positions) + ",\"TEXCOORD_0\":" +
-        std::to_string(uvs) + ",\"COLOR_0\":" + std::to_string(colours) + "},\"targets\":[{\"POSITION\":" +
-        std::to_string(deltas) + "}]}]}]"));
+        "\"primitives\":[{\"attributes\":{\"POSITION\":" +
+        std::to_string(positions) + ",\"TEXCOORD_0\":" + std::to_string(uvs) + ",\"COLOR_0\":" +
+        std::to_string(colours) + "},\"targets\":[{\"POSITION\":" + std::to_string(deltas) + "}]}]}]"));
     const NeutralMesh& mesh = scene.meshes[0];
     EXPECT_THAT(mesh.points, ElementsAre(Float3{0, 0, 0}, Float3{1, 0, 0}, Float3{0, 1, 0}));
     // The second coordinate counts from below here: 1 - 13107 / 65535 = 0.8.
     EXPECT_THAT(mesh.uvs[0].values, ElementsAre(Float3{0, 1, 0}, Float3{1, 1, 0}, Float3{0, 0.8f, 0}));
-    EXPECT_THAT(mesh.colours->values, ElementsAre(Float3{1, 0, 0}, Float3{0.2f, 0.4f, 0.8f}, Float3{0, 1, 0}));
+    EXPECT_THAT(mesh.colours->values,
+                ElementsAre(Float3{1, 0, 0}, Float3{0.2f, 0.4f, 0.8f}, Float3{0, 1, 0}));
     EXPECT_EQ(mesh.targets[0].name, "up");
     EXPECT_EQ(mesh.targets[0].weight, 0.5);
     EXPECT_THAT(mesh.targets[0].deltas, ElementsAre(Float3{}, Float3{0, 0, 7}, Float3{}));
@@ -125,7 +128,7 @@ TEST(GltfReader, SkinsCarryJointsWeightsAndBindMatrices)
     const int positions = fixture.AddFloats({0, 0, 0, 1, 0, 0, 0, 1, 0}, "VEC3", 3);
     const int joints = fixture.AddBytes({0, 1, 0, 0, 1, 1, 0, 0, 1, 0, 0, 0}, "VEC4", 4);
     const int weights = fixture.AddFloats({0.75f, 0.25f, 0, 0, 0.5f, 0.5f, 0, 0, 1, 0, 0, 0}, "VEC4", 4);
-    const int inverses = fixture.AddFloats({1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1,  //
+    const int inverses = fixture.AddFloats({1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0,  0,  0,  1,  //
                                             1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, -1, -2, -3, 1},
                                            "MAT4", 16);
     EXPECT_EQ(positions + joints + weights + inverses, 0 + 1 + 2 + 3);
@@ -140,8 +143,8 @@ TEST(GltfReader, SkinsCarryJointsWeightsAndBindMatrices)
     EXPECT_EQ(scene.nodes[2].parent, 1);
     EXPECT_THAT(scene.meshes[0].influenceStarts, ElementsAre(0, 2, 3, 4));
     // Two entries for one joint are one influence.
-    EXPECT_THAT(scene.meshes[0].influences,
-                ElementsAre(Influence{0, 0.75f}, Influence{1, 0.25f}, Influence{1, 1.0f}, Influence{1, 1.0f}));
+    EXPECT_THAT(scene.meshes[0].influences, ElementsAre(Influence{0, 0.75f}, Influence{1, 0.25f},
+                                                        Influence{1, 1.0f}, Influence{1, 1.0f}));
     ASSERT_EQ(scene.skins[0].joints.size(), 2u);
     EXPECT_EQ(scene.skins[0].joints[1].node, 2);
     EXPECT_EQ(scene.skins[0].joints[1].boneFromMesh.origin.y, -2.0);
@@ -172,7 +175,8 @@ TEST(GltfReader, AnimationsKeepKeysAndInterpolation)
     EXPECT_THAT(tracks[1].values, ElementsAre(0, 0, 0, 1, 0, 1, 0, 0));
     EXPECT_EQ(tracks[2].interpolation, Interpolation::Cubic);
     EXPECT_EQ(tracks[2].values.size(), 18u);
-    EXPECT_THAT(scene.warnings, ElementsAre("animation 0 \"go\": 1 channels that drive no node are left out"));
+    EXPECT_THAT(scene.warnings,
+                ElementsAre("animation 0 \"go\": 1 channels that drive no node are left out"));
 }
 
 TEST(GltfReader, TimesThatDoNotRiseLeaveTheTrackOut)
@@ -184,7 +188,8 @@ TEST(GltfReader, TimesThatDoNotRiseLeaveTheTrackOut)
         "animations":[{"name":"go","channels":[{"sampler":0,"target":{"node":0,"path":"translation"}}],
           "samplers":[{"input":0,"output":1}]}])"));
     EXPECT_THAT(scene.animations[0].tracks, IsEmpty());
-    EXPECT_THAT(scene.warnings, ElementsAre("animation 0 \"go\", channel 0: the times do not rise; left out"));
+    EXPECT_THAT(scene.warnings,
+                ElementsAre("animation 0 \"go\", channel 0: the times do not rise; left out"));
 }
 
 TEST(GltfReader, NodesKeepTransformsPropertiesCamerasAndLights)

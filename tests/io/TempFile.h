@@ -1,11 +1,11 @@
 #pragma once
 
+#include <unistd.h>
 #include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <string_view>
-#include <unistd.h>
 
 namespace maxhost::io {
 
@@ -17,7 +17,8 @@ public:
         static std::atomic<int> last = 0;
         m_Path = std::filesystem::temp_directory_path() /
                  ("vkt_io_" + std::to_string(getpid()) + "_" + std::to_string(++last) + "." + extension);
-        std::ofstream(m_Path, std::ios::binary).write(content.data(), static_cast<std::streamsize>(content.size()));
+        std::ofstream(m_Path, std::ios::binary)
+            .write(content.data(), static_cast<std::streamsize>(content.size()));
     }
     TempFile(const TempFile&) = delete;
     TempFile& operator=(const TempFile&) = delete;

@@ -43,8 +43,8 @@ TEST(Transform, MirroredMatrixGetsThreeNegativeScales)
 
 TEST(Transform, SquareMatrixHasNoScaleAxes)
 {
-    const Matrix m = RotationMatrix(Normalized({0.1, -0.7, 0.3, 0.4})) *
-                     Matrix{{2, 0, 0}, {0, 3, 0}, {0, 0, 0.5}, {}};
+    const Matrix m =
+        RotationMatrix(Normalized({0.1, -0.7, 0.3, 0.4})) * Matrix{{2, 0, 0}, {0, 3, 0}, {0, 0, 0.5}, {}};
     const Transform t = ToTransform(m);
     EXPECT_FALSE(HasShear(t));
     ExpectNear(t.scale, {2, 3, 0.5}, 1e-12);

@@ -39,7 +39,8 @@ std::set<fs::path> ListModels()
         std::string extension = entry.path().extension().string();
         std::transform(extension.begin(), extension.end(), extension.begin(),
                        [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-        if (entry.is_regular_file() && !extension.empty() && maxhost::io::IsSceneExtension(extension.substr(1)))
+        if (entry.is_regular_file() && !extension.empty() &&
+            maxhost::io::IsSceneExtension(extension.substr(1)))
             models.insert(entry.path());
     }
     return models;
@@ -137,8 +138,8 @@ TEST_F(RealScenes, ExportInBothFormsAndReadBackUnchanged)
     }
     for (const auto& [extension, count] : byExtension)
         std::printf("%-6s %zu\n", extension.c_str(), count);
-    std::printf("%zu files tried, %zu refused, %zu exported, %zu identical, %zu with non-finite numbers\n", tried,
-                refused, exported, identical, nonFinite);
+    std::printf("%zu files tried, %zu refused, %zu exported, %zu identical, %zu with non-finite numbers\n",
+                tried, refused, exported, identical, nonFinite);
     EXPECT_GE(exported, 160u);
     EXPECT_EQ(tried, refused + exported);
     EXPECT_EQ(exported, identical + nonFinite);
@@ -191,14 +192,15 @@ TEST_P(RealPositions, AreThoseOfTheHost)
         all.sharedNodes += built.sharedNodes;
         all.points += built.points;
     }
-    std::printf("%zu scenes: %zu nodes exact, %zu by the exporter's rules, %zu degenerate, %zu share an object; %zu points\n",
-                scenes, all.exactNodes, all.ruleNodes, all.degenerateNodes, all.sharedNodes, all.points);
+    std::printf(
+        "%zu scenes: %zu nodes exact, %zu by the exporter's rules, %zu degenerate, %zu share an object; %zu "
+        "points\n",
+        scenes, all.exactNodes, all.ruleNodes, all.degenerateNodes, all.sharedNodes, all.points);
     EXPECT_GT(all.exactNodes, 0u);
     EXPECT_GT(all.ruleNodes, 0u);
 }
 
-INSTANTIATE_TEST_SUITE_P(, RealPositions, ::testing::Values(true, false), [](const auto& param) {
-    return param.param ? "ScaleRemoved" : "ScaleKept";
-});
+INSTANTIATE_TEST_SUITE_P(, RealPositions, ::testing::Values(true, false),
+                         [](const auto& param) { return param.param ? "ScaleRemoved" : "ScaleKept"; });
 
 }  // namespace

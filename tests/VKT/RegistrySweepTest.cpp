@@ -1,0 +1,245 @@
+#include <gmock/gmock.h>
+
+#include <set>
+#include <sstream>
+
+#include "VKT/FnRegistry.h"
+#include "VKT/NodeTest.h"
+#include "VKT/SampleScene.h"
+
+// What is true of every class that files can hold.
+
+using namespace VKT;
+using namespace VKT::Test;
+
+namespace {
+
+class RegistrySweep : public NodeTest {
+protected:
+    RegistrySweep() { EXPECT_EQ(LoadText(m_Model, kSampleScene), FileOk); }
+
+    static std::vector<u32> ConcreteTypes()
+    {
+        std::vector<u32> types;
+        for (const XFnInfo* info : XFnListTypes())
+            if (!info->GetChunkName().empty())
+                types.push_back(info->GetType());
+        return types;
+    }
+    XNodeList Nodes(XModel& model) const
+    {
+        XNodeList nodes;
+        model.List(nodes, kFnBase);
+        return nodes;
+    }
+};
+
+std::vector<std::string> Lines(const std::string& text)
+{
+    std::vector<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+// A line's key and what stands behind it, empty when the line is one word.
+std::pair<std::string, std::string> Split(const std::string& line)
+{
+    std::istringstream in(line);
+    std::string key;
+    in >> key >> std::ws;
+    std::string value;
+    std::getline(in, value);
+    return {key, value};
+}
+
+TEST_F(RegistrySweep, SampleHoldsEveryConcreteClass)
+{
+    for (const u32 type : ConcreteTypes()) {
+        XNodeList nodes;
+        EXPECT_TRUE(m_Model.List(nodes, type, true)) << XFnTypeName(type);
+    }
+}
+
+// Values that cannot differ, or that may.
+const std::set<std::string> kUnchanged = {
+    "BONE parent 0",  // a root, so that the load builds its matrices
+};
+
+TEST_F(RegistrySweep, SampleChangesEveryValueOfAFreshNode)
+{
+    for (const XBase* node : Nodes(m_Model)) {
+        const std::vector<std::string> sample = Lines(TextOf(*node));
+        for (const std::string& line : Lines(TextOf(*m_Model.CreateNode(node->GetApiType())))) {
+            const auto [key, value] = Split(line);
+            const std::string entry = XFnChunkName(node->GetApiType()) + " " + key + " " + value;
+            if (value.empty() || kUnchanged.contains(entry))
+                continue;
+            EXPECT_THAT(sample, testing::Not(testing::Contains(line))) << entry;
+        }
+    }
+}
+
+TEST_F(RegistrySweep, TextToTextIsTheSameText)
+{
+    EXPECT_EQ(SaveText(m_Model), kSampleScene);
+}
+
+TEST_F(RegistrySweep, BytesToBytesAreTheSameBytes)
+{
+    const std::string bytes = SaveBinaryBytes(m_Model);
+    XModel model;
+    ASSERT_EQ(LoadBytes(model, bytes), FileOk);
+    EXPECT_EQ(model.GetNumDroppedChunks(), 0u);
+    EXPECT_EQ(SaveBinaryBytes(model), bytes);
+}
+
+TEST_F(RegistrySweep, TextToBytesToTextIsTheSameText)
+{
+    XModel model;
+    ASSERT_EQ(LoadBytes(model, SaveBinaryBytes(m_Model)), FileOk);
+    EXPECT_EQ(SaveText(model), kSampleScene);
+}
+
+TEST_F(RegistrySweep, SizeIsThatOfTheBytes)
+{
+    for (XBase* node : Nodes(m_Model)) {
+        EXPECT_EQ(node->GetDataSize(), 8 + BodyOf(*node).size()) << node->GetName();
+        XBase* fresh = m_Model.CreateNode(node->GetApiType());
+        EXPECT_EQ(fresh->GetDataSize(), 8 + BodyOf(*fresh).size()) << XFnTypeName(node->GetApiType());
+    }
+}
+
+TEST_F(RegistrySweep, MeasuringChangesNothing)
+{
+    for (const XBase* node : Nodes(m_Model))
+        node->GetDataSize();
+    EXPECT_EQ(SaveText(m_Model), kSampleScene);
+}
+
+TEST_F(RegistrySweep, FreshNodesReadBackFromEitherForm)
+{
+    for (const u32 type : ConcreteTypes()) {
+        XBase* fresh = m_Model.CreateNode(type);
+        const std::string text = TextOf(*fresh);
+        XBase* fromText = m_Model.CreateNode(type);
+        EXPECT_TRUE(ReadText(*fromText, text)) << XFnTypeName(type);
+        EXPECT_EQ(TextOf(*fromText), text);
+        XBase* fromBytes = m_Model.CreateNode(type);
+        EXPECT_TRUE(ReadBody(*fromBytes, BodyOf(*fresh))) << XFnTypeName(type);
+        EXPECT_EQ(TextOf(*fromBytes), text);
+    }
+}
+
+// What a clone says otherwise, under the flags of the test.
+const struct {
+    u32 type;
+    const char* source;
+    const char* clone;
+} kOtherInClones[] = {
+    {kFnBone, "child_joints 1\n\t\t5 \n", "child_joints 0\n"},  // children are not asked for
+    {kFnJoint, "child_joints 1\n\t\t109 \n", "child_joints 0\n"},
+    {kFnPolygonMesh, "deformer_queue 2 6 108", "deformer_queue 0"},  // nor are deformers
+};
+
+TEST_F(RegistrySweep, CloneWritesTheSameText)
+{
+    m_Model.GetCopyFlags().Clear(0xFFFFFFFF);
+    m_Model.GetCopyFlags().Set(CopyParent | CopyInstances | CopyShareInstances);
+    for (const XBase* node : Nodes(m_Model)) {
+        std::string expected = TextOf(*node);
+        for (const auto& [type, source, clone] : kOtherInClones)
+            if (node->GetApiType() == type)
+                expected = Replaced(expected, source, clone);
+        const XBase* clone = node->Clone();
+        ASSERT_NE(clone, nullptr);
+        EXPECT_EQ(clone->GetApiType(), node->GetApiType());
+        EXPECT_NE(clone->GetID(), node->GetID());
+        EXPECT_EQ(TextOf(*clone), expected) << node->GetName();
+    }
+}
+
+TEST_F(RegistrySweep, NamesAndNumbersOfPropertiesMapToEachOther)
+{
+    for (const u32 type : ConcreteTypes()) {
+        const XBase* node = m_Model.CreateNode(type);
+        u32 rows = 0;
+        for (const XNodeProperties* level = node->GetNodeProperties(); level; level = level->GetBase())
+            for (const XPropertyRow& row : level->GetRows()) {
+                ++rows;
+                EXPECT_EQ(node->GetPropertyName(row.id), row.name);
+                EXPECT_EQ(node->GetPropertyId(row.name), row.id) << row.name;
+                EXPECT_EQ(node->GetPropertyType(row.id), row.type) << row.name;
+            }
+        EXPECT_EQ(node->GetNodeProperties()->GetNumProperties(), rows) << XFnTypeName(type);
+    }
+}
+
+TEST_F(RegistrySweep, AbstractClassesAreNotCreated)
+{
+    for (const XFnInfo* info : XFnListTypes()) {
+        if (!info->GetChunkName().empty())
+            continue;
+        m_Log.Clear();
+        EXPECT_EQ(m_Model.CreateNode(info->GetType()), nullptr);
+        EXPECT_EQ(m_Log.Text(), "Error : Could not create type " + info->GetTypeName() +
+                                    ". This is either because the type is abstract, or invalid...\n");
+    }
+}
+
+TEST_F(RegistrySweep, EveryNodeIsACastAwayFromTheBaseAndItself)
+{
+    for (XBase* node : Nodes(m_Model)) {
+        EXPECT_EQ(node->HasFn(kFnBase), node);
+        EXPECT_EQ(node->HasFn(node->GetApiType()), node);
+        EXPECT_EQ(static_cast<const XBase*>(node)->HasFn(node->GetApiType()), node);
+        EXPECT_EQ(node->HasFn(kFnLimit), nullptr);
+    }
+}
+
+TEST_F(RegistrySweep, DeathOfAnyOtherNodeIsTakenByEveryNode)
+{
+    for (XBase* node : Nodes(m_Model))
+        for (u32 id = 0; id < 120; ++id)
+            node->NodeDeath(id);
+    for (XBase* node : Nodes(m_Model))
+        EXPECT_EQ(node->GetDataSize(), 8 + BodyOf(*node).size());
+}
+
+// Whatever comes of a damaged file, it is an answer, and what came can be saved.
+void ExpectAnswer(const std::string& file)
+{
+    XModel model;
+    LoadBytes(model, file);
+    SaveBinaryBytes(model);
+}
+
+TEST_F(RegistrySweep, EveryCutOfAFileIsAnswered)
+{
+    for (const std::string& file : {std::string(kSampleScene), SaveBinaryBytes(m_Model)})
+        for (std::size_t length = 0; length < file.size(); length += 3)
+            ExpectAnswer(file.substr(0, length));
+}
+
+TEST_F(RegistrySweep, EachAlteredByteIsAnswered)
+{
+    std::string bytes = SaveBinaryBytes(m_Model);
+    for (char& byte : bytes)
+        for (const char other : {'\0', '\1', '\x7F', '\xFF'}) {
+            const char kept = byte;
+            byte = other;
+            ExpectAnswer(bytes);
+            byte = kept;
+        }
+    std::string text = kSampleScene;
+    for (char& character : text)
+        for (const char other : {'9', '-', ' ', '}'}) {
+            const char kept = character;
+            character = other;
+            ExpectAnswer(text);
+            character = kept;
+        }
+}
+
+}  // namespace
