@@ -5,7 +5,7 @@
 
 #include "VKT/FnRegistry.h"
 #include "VKT/NodeTest.h"
-#include "VKT/SampleScene.h"
+#include "VKT/samples/Samples.h"
 
 // What is true of every class that files can hold.
 
@@ -16,8 +16,6 @@ namespace {
 
 class RegistrySweep : public NodeTest {
 protected:
-    RegistrySweep() { EXPECT_EQ(LoadText(m_Model, kSampleScene), FileOk); }
-
     static std::vector<u32> ConcreteTypes()
     {
         std::vector<u32> types;
@@ -26,13 +24,24 @@ protected:
                 types.push_back(info->GetType());
         return types;
     }
-    XNodeList Nodes(XModel& model) const
+};
+
+class SampleSweep : public RegistrySweep, public testing::WithParamInterface<Sample> {
+protected:
+    SampleSweep() { EXPECT_EQ(LoadText(m_Model, m_Text), FileOk); }
+
+    XNodeList Nodes() const
     {
         XNodeList nodes;
-        model.List(nodes, kFnBase);
+        m_Model.List(nodes, kFnBase);
         return nodes;
     }
+
+    const std::string m_Text = GetParam().text;
 };
+
+INSTANTIATE_TEST_SUITE_P(All, SampleSweep, testing::ValuesIn(kSamples),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 std::vector<std::string> Lines(const std::string& text)
 {
@@ -54,12 +63,17 @@ std::pair<std::string, std::string> Split(const std::string& line)
     return {key, value};
 }
 
-TEST_F(RegistrySweep, SampleHoldsEveryConcreteClass)
+TEST_F(RegistrySweep, SamplesHoldEveryConcreteClass)
 {
-    for (const u32 type : ConcreteTypes()) {
-        XNodeList nodes;
-        EXPECT_TRUE(m_Model.List(nodes, type, true)) << XFnTypeName(type);
+    std::set<u32> seen;
+    for (const Sample& sample : kSamples) {
+        XModel model;
+        EXPECT_EQ(LoadText(model, sample.text), FileOk) << sample;
+        for (const auto& [name, node] : model.GetNodes())
+            seen.insert(node->GetApiType());
     }
+    for (const u32 type : ConcreteTypes())
+        EXPECT_TRUE(seen.contains(type)) << XFnTypeName(type);
 }
 
 // Values that cannot differ, or that may.
@@ -67,9 +81,9 @@ const std::set<std::string> kUnchanged = {
     "BONE parent 0",  // a root, so that the load builds its matrices
 };
 
-TEST_F(RegistrySweep, SampleChangesEveryValueOfAFreshNode)
+TEST_P(SampleSweep, SampleChangesEveryValueOfAFreshNode)
 {
-    for (const XBase* node : Nodes(m_Model)) {
+    for (const XBase* node : Nodes()) {
         const std::vector<std::string> sample = Lines(TextOf(*node));
         for (const std::string& line : Lines(TextOf(*m_Model.CreateNode(node->GetApiType())))) {
             const auto [key, value] = Split(line);
@@ -81,12 +95,12 @@ TEST_F(RegistrySweep, SampleChangesEveryValueOfAFreshNode)
     }
 }
 
-TEST_F(RegistrySweep, TextToTextIsTheSameText)
+TEST_P(SampleSweep, TextToTextIsTheSameText)
 {
-    EXPECT_EQ(SaveText(m_Model), kSampleScene);
+    EXPECT_EQ(SaveText(m_Model), m_Text);
 }
 
-TEST_F(RegistrySweep, BytesToBytesAreTheSameBytes)
+TEST_P(SampleSweep, BytesToBytesAreTheSameBytes)
 {
     const std::string bytes = SaveBinaryBytes(m_Model);
     XModel model;
@@ -95,27 +109,27 @@ TEST_F(RegistrySweep, BytesToBytesAreTheSameBytes)
     EXPECT_EQ(SaveBinaryBytes(model), bytes);
 }
 
-TEST_F(RegistrySweep, TextToBytesToTextIsTheSameText)
+TEST_P(SampleSweep, TextToBytesToTextIsTheSameText)
 {
     XModel model;
     ASSERT_EQ(LoadBytes(model, SaveBinaryBytes(m_Model)), FileOk);
-    EXPECT_EQ(SaveText(model), kSampleScene);
+    EXPECT_EQ(SaveText(model), m_Text);
 }
 
-TEST_F(RegistrySweep, SizeIsThatOfTheBytes)
+TEST_P(SampleSweep, SizeIsThatOfTheBytes)
 {
-    for (XBase* node : Nodes(m_Model)) {
+    for (XBase* node : Nodes()) {
         EXPECT_EQ(node->GetDataSize(), 8 + BodyOf(*node).size()) << node->GetName();
         XBase* fresh = m_Model.CreateNode(node->GetApiType());
         EXPECT_EQ(fresh->GetDataSize(), 8 + BodyOf(*fresh).size()) << XFnTypeName(node->GetApiType());
     }
 }
 
-TEST_F(RegistrySweep, MeasuringChangesNothing)
+TEST_P(SampleSweep, MeasuringChangesNothing)
 {
-    for (const XBase* node : Nodes(m_Model))
+    for (const XBase* node : Nodes())
         node->GetDataSize();
-    EXPECT_EQ(SaveText(m_Model), kSampleScene);
+    EXPECT_EQ(SaveText(m_Model), m_Text);
 }
 
 TEST_F(RegistrySweep, FreshNodesReadBackFromEitherForm)
@@ -143,11 +157,11 @@ const struct {
     {kFnPolygonMesh, "deformer_queue 2 6 108", "deformer_queue 0"},  // nor are deformers
 };
 
-TEST_F(RegistrySweep, CloneWritesTheSameText)
+TEST_P(SampleSweep, CloneWritesTheSameText)
 {
     m_Model.GetCopyFlags().Clear(0xFFFFFFFF);
     m_Model.GetCopyFlags().Set(CopyParent | CopyInstances | CopyShareInstances);
-    for (const XBase* node : Nodes(m_Model)) {
+    for (const XBase* node : Nodes()) {
         std::string expected = TextOf(*node);
         for (const auto& [type, source, clone] : kOtherInClones)
             if (node->GetApiType() == type)
@@ -188,9 +202,9 @@ TEST_F(RegistrySweep, AbstractClassesAreNotCreated)
     }
 }
 
-TEST_F(RegistrySweep, EveryNodeIsACastAwayFromTheBaseAndItself)
+TEST_P(SampleSweep, EveryNodeIsACastAwayFromTheBaseAndItself)
 {
-    for (XBase* node : Nodes(m_Model)) {
+    for (XBase* node : Nodes()) {
         EXPECT_EQ(node->HasFn(kFnBase), node);
         EXPECT_EQ(node->HasFn(node->GetApiType()), node);
         EXPECT_EQ(static_cast<const XBase*>(node)->HasFn(node->GetApiType()), node);
@@ -198,12 +212,12 @@ TEST_F(RegistrySweep, EveryNodeIsACastAwayFromTheBaseAndItself)
     }
 }
 
-TEST_F(RegistrySweep, DeathOfAnyOtherNodeIsTakenByEveryNode)
+TEST_P(SampleSweep, DeathOfAnyOtherNodeIsTakenByEveryNode)
 {
-    for (XBase* node : Nodes(m_Model))
+    for (XBase* node : Nodes())
         for (u32 id = 0; id < 120; ++id)
             node->NodeDeath(id);
-    for (XBase* node : Nodes(m_Model))
+    for (XBase* node : Nodes())
         EXPECT_EQ(node->GetDataSize(), 8 + BodyOf(*node).size());
 }
 
@@ -215,14 +229,14 @@ void ExpectAnswer(const std::string& file)
     SaveBinaryBytes(model);
 }
 
-TEST_F(RegistrySweep, EveryCutOfAFileIsAnswered)
+TEST_P(SampleSweep, EveryCutOfAFileIsAnswered)
 {
-    for (const std::string& file : {std::string(kSampleScene), SaveBinaryBytes(m_Model)})
+    for (const std::string& file : {m_Text, SaveBinaryBytes(m_Model)})
         for (std::size_t length = 0; length < file.size(); length += 3)
             ExpectAnswer(file.substr(0, length));
 }
 
-TEST_F(RegistrySweep, EachAlteredByteIsAnswered)
+TEST_P(SampleSweep, EachAlteredByteIsAnswered)
 {
     std::string bytes = SaveBinaryBytes(m_Model);
     for (char& byte : bytes)
@@ -232,7 +246,7 @@ TEST_F(RegistrySweep, EachAlteredByteIsAnswered)
             ExpectAnswer(bytes);
             byte = kept;
         }
-    std::string text = kSampleScene;
+    std::string text = m_Text;
     for (char& character : text)
         for (const char other : {'9', '-', ' ', '}'}) {
             const char kept = character;

@@ -2,12 +2,8 @@
 
 namespace VKT::Test {
 
-// A document with a node of every class that files can hold, as a text file. Every value
-// differs from its default and from its neighbours, so that a field that is lost or
-// swapped is seen. A bone's matrix is the one that a load computes.
-//
-// A new class gets a node here.
-inline constexpr char kSampleScene[] =
+// One node of each class that a mesh hung under a skeleton needs. See Samples.h.
+inline constexpr char kBasicSample[] =
     R"(|VKT_004A#0000#00000000|
 LAMBERT clay
 {
