@@ -41,7 +41,7 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(All, SampleSweep, testing::ValuesIn(kSamples),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& test) { return std::string(test.param.name); });
 
 std::vector<std::string> Lines(const std::string& text)
 {
