@@ -3,10 +3,12 @@
 #include "VKT/ExtraAttributes.h"
 #include "VKT/FileIO.h"
 #include "VKT/FnRegistry.h"
+#include "VKT/InheritedNode.h"
 #include "VKT/Model.h"
 #include "VKT/NodeName.h"
 #include "VKT/TextReader.h"
 #include "VKT/TextWriter.h"
+#include "VKT/UserNode.h"
 
 namespace VKT {
 namespace {
@@ -103,11 +105,23 @@ bool XBase::Write(XTextWriter& out) const
     return out.IsGood();
 }
 
+// Kept on purpose: user-defined lights and animation nodes have no key, and files that hold
+// them cannot be read back.
+XString XBase::ChunkKey() const
+{
+    if (m_InheritedFrom)
+        return m_InheritedFrom->GetHeader();
+    const u32 type = GetApiType();
+    const XNewNode* definition = GetUserDefinition(*this);
+    return definition && type != kFnNewLight && type != kFnNewAnim ? definition->GetHeader()
+                                                                   : XFnChunkName(type);
+}
+
 bool XBase::WriteHeader(XTextWriter& out) const
 {
     if (m_ID == 0)
         return false;
-    out << XFnChunkName(GetApiType()) << ' ' << NameAsToken(m_Name) << "\n{\n\tid " << m_ID << '\n';
+    out << ChunkKey() << ' ' << NameAsToken(m_Name) << "\n{\n\tid " << m_ID << '\n';
     return out.IsGood();
 }
 
@@ -162,7 +176,7 @@ bool XBase::ReadTrailer(XTextReader& in)
 
 bool XBase::DoHeader(XFileIO& file)
 {
-    u16 type = static_cast<u16>(GetApiType());
+    u16 type = static_cast<u16>(m_InheritedFrom ? m_InheritedFrom->GetFileType() : GetApiType());
     u8 hasExtraAttributes = file.IsWriting() && SavesExtraAttributes();
     u8 reserved = 0;
     u32 size = file.IsWriting() ? GetDataSize() : 0;

@@ -15,6 +15,7 @@ namespace VKT {
 class XAttribute;
 class XExtraAttributes;
 class XFileIO;
+class XInheritedNode;
 class XModel;
 class XTextReader;
 class XTextWriter;
@@ -95,6 +96,10 @@ public:
     // The 8-byte header of the binary chunk.
     bool DoHeader(XFileIO& file);
 
+    // The definition that makes this an instance of a user-defined subclass of its class,
+    // or null. The instance is written under the definition's chunk key.
+    const XInheritedNode* GetInheritedFrom() const { return m_InheritedFrom; }
+
     // The four operations of the property object that callers use most.
     XString GetPropertyName(u32 property) const { return GetNodeProperties()->GetPropertyName(property); }
     XPropertyType GetPropertyType(u32 property) const
@@ -116,7 +121,9 @@ public:
 
 private:
     friend class XModel;
+    friend XBase* XInheritedCreateFrom(const XInheritedNode& definition, XModel* model);
 
+    XString ChunkKey() const;
     bool WriteHeader(XTextWriter& out) const;
     bool ReadHeader(XTextReader& in);
     bool ReadTrailer(XTextReader& in);
@@ -128,6 +135,7 @@ private:
     XString m_Name;
     std::unique_ptr<XExtraAttributes> m_ExtraAttributes;
     XModel* m_Model;
+    const XInheritedNode* m_InheritedFrom = nullptr;
     XNameMap::iterator m_NameEntry;  // in the document; its end while it does not hold the node
 };
 

@@ -20,6 +20,7 @@ public:
     void SetApplication(const XString& application) { m_Application = application; }
     // The side file of images of a text file; "none" and "" mean that there is none.
     const XString& GetTextureFile() const { return m_TextureFile; }
+    bool HasTextureFile() const { return !m_TextureFile.empty() && m_TextureFile != "none"; }
     void SetTextureFile(const XString& file) { m_TextureFile = file; }
     const XString& GetUser() const { return m_User; }
     void SetUser(const XString& user) { m_User = user; }

@@ -49,6 +49,10 @@ void XModel::Clear()
     m_NodesById.Clear();
     m_NextNumber.clear();
     m_Images.clear();
+    m_InheritedByHeader.clear();
+    m_BuiltInTypes.clear();
+    m_InheritedNodes.clear();
+    m_NewNodes.clear();
     m_Info.reset();
     m_LastInstanceId = 0;
     m_LastId = 0;
@@ -64,10 +68,18 @@ XBase* XModel::CreateNode(u32 type)
             XFnTypeName(type).c_str());
         return nullptr;
     }
+    return Adopt(std::move(node));
+}
+
+// Takes a new node over, under the next id and the first free name.
+XBase* XModel::Adopt(std::unique_ptr<XBase> node)
+{
+    if (!node)
+        return nullptr;
     node->m_ID = NextId();
-    XBase* const created = node.get();
+    XBase* const adopted = node.get();
     Enter(std::move(node), FirstFreeName("node"));
-    return created;
+    return adopted;
 }
 
 // Ids run on; behind the last one that a u32 holds, the lowest that is free.

@@ -10,7 +10,9 @@
 #include "VKT/IdMap.h"
 #include "VKT/Image.h"
 #include "VKT/Info.h"
+#include "VKT/InheritedNode.h"
 #include "VKT/Instance.h"
+#include "VKT/NewNode.h"
 
 namespace VKT {
 
@@ -29,8 +31,8 @@ public:
 
     XModel();
     virtual ~XModel();
-    // Deletes all nodes, instances and the file information, and starts counting ids
-    // anew. The flags stay.
+    // Deletes all nodes, instances, images, definitions of node types and the file
+    // information, and starts counting ids anew. The flags stay.
     virtual void Clear();
     XModel(const XModel&) = delete;
     XModel& operator=(const XModel&) = delete;
@@ -44,6 +46,22 @@ public:
     {
         return XCast<T>(CreateNode(T::kType));
     }
+
+    // The same for an instance of a user-defined type, a definition of this document. Null
+    // for a definition that leads to no class.
+    XBase* CreateNode(const XInheritedNode& definition);
+    XBase* CreateNode(const XNewNode& definition);
+
+    // Declares a node type under a chunk key of its own (see XInheritedNode and XNewNode).
+    // Null, with a logged error, when the key is empty, holds white space or is taken.
+    XInheritedNode* AddInheritedNode(u32 baseType, const XString& header);
+    XNewNode* AddNewNode(u32 family, const XString& typeName, const XString& header);
+    // In the order of their numbers, and by chunk key.
+    const XVector<std::unique_ptr<XInheritedNode>>& GetInheritedNodes() const { return m_InheritedNodes; }
+    const std::map<XString, std::unique_ptr<XNewNode>>& GetNewNodes() const { return m_NewNodes; }
+    // The built-in type behind the type number of a binary chunk, through the definitions
+    // of inherited types; `kFnBase`, which has no nodes, where they lead nowhere.
+    u32 FindBuiltInType(u32 type) const;
 
     // The node of that id or name, or null; nothing is logged. With equal names the
     // first in order.
@@ -100,7 +118,8 @@ public:
     XFlagStack& GetCopyFlags() { return m_CopyFlags; }
     XFlagStack& GetDeleteFlags() { return m_DeleteFlags; }
     XFlagStack& GetSaveFlags() { return m_SaveFlags; }
-    // The image table, in the order of the file.
+    // The image table, in the order of the file. A text file has none: its images stand in
+    // the side file that its file information names.
     const XVector<std::unique_ptr<XImage>>& GetImages() const { return m_Images; }
     // File information, null when there is none. The document owns it.
     XInfo* GetInfo() const { return m_Info.get(); }
@@ -111,12 +130,23 @@ private:
     friend class XBone;  // instances that a bone reads
 
     u32 NextId();
+    XBase* Adopt(std::unique_ptr<XBase> node);
     void Enter(std::unique_ptr<XBase> node, std::string_view name);
     XString FirstFreeName(std::string_view stem);
     void ForgetNumber(const XString& name);
     XInstance* AddInstance(std::unique_ptr<XInstance> instance);
     XVector<std::unique_ptr<XInstance>>::const_iterator PlaceOf(u32 id) const;
 
+    // ModelUserTypes.cpp
+    bool IsFreeChunkKey(const XString& key) const;
+    void Enter(std::unique_ptr<XInheritedNode> definition);
+    void Enter(std::unique_ptr<XNewNode> definition);
+    const XInheritedNode* FindInheritedNode(const XString& header) const;
+    const XNewNode* FindNewNode(const XString& header) const;
+    // ModelImages.cpp
+    bool DoImages(XFileIO& file);
+    bool TryTextureFile(const XString& path);
+    void FindTextureFile(const XString& scenePath);
     // ModelLoad.cpp, ModelSave.cpp
     template <class Reading>
     XFileResult LoadSafely(const char* path, Reading read);
@@ -126,18 +156,22 @@ private:
     void Abandon(XBase& node);
     void ListForSave(XNodeList& out) const;
     bool CanSaveAsText() const;
+    bool CanSaveAsBinary() const;
     // ModelText.cpp
     XFileResult LoadAscii(const char* path, bool loadCycles);
     XFileResult LoadAsciiStream(XTextReader& in, const char* path, bool loadCycles);
-    XFileResult ReadTextChunks(XTextReader& in, bool loadCycles);
-    XFileResult ReadTextChunk(XTextReader& in, const XString& key, const XString& name, bool loadCycles);
+    XFileResult ReadTextChunks(XTextReader& in, const char* path, bool loadCycles);
+    XFileResult ReadTextChunk(XTextReader& in, const char* path, const XString& key, const XString& name,
+                              bool loadCycles);
+    XFileResult ReadTextNode(XTextReader& in, std::unique_ptr<XBase> node, const XString& name);
     XFileResult SkipTextChunk(XTextReader& in, const XString& key, const XString& name);
     XFileResult SaveAscii(XTextWriter& out);
     // ModelBinary.cpp
     struct BinaryChunk;
+    enum class ChunkUse { kRead, kDropped, kFatal };
     XFileResult LoadBin(const char* path, bool loadCycles);
-    bool UseBinaryChunk(XFileIO& file, const BinaryChunk& chunk, bool loadCycles);
-    bool DoImages(XFileIO& file);
+    ChunkUse UseBinaryChunk(XFileIO& file, const BinaryChunk& chunk, bool loadCycles);
+    bool ReadBinaryNode(XFileIO& file, const BinaryChunk& chunk);
     XFileResult SaveBinary(XFileIO& file);
 
     u32 m_Version = kCurrentVersion;
@@ -147,6 +181,8 @@ private:
     XNameMap m_Nodes;
     XIdMap m_NodesById;
     u32 m_LastInstanceId = 0;
+    XVector<std::unique_ptr<XInheritedNode>> m_InheritedNodes;
+    std::map<XString, std::unique_ptr<XNewNode>> m_NewNodes;
     u32 m_LastId = 0;
     u32 m_FirstFreeId = 1;  // ids below it are taken; asked for once all others are
     XFlagStack m_CopyFlags{127};
@@ -160,6 +196,11 @@ private:
     // neither hanging nor linking a shape walks a list.
     std::unordered_map<u64, u32, XIdHash> m_InstanceByPlace;
     std::unordered_map<u32, XIndexList, XIdHash> m_InstancesByShape;
+    // Of equal keys the first; the key looks into the definition.
+    std::map<std::string_view, const XInheritedNode*> m_InheritedByHeader;
+    // What `FindBuiltInType` has found for each definition, so that long chains are walked
+    // once; empty after a definition was added.
+    mutable XIndexList m_BuiltInTypes;
     // For stems of numbered names: the number below which all are taken.
     std::unordered_map<XString, u32> m_NextNumber;
 };

@@ -56,7 +56,10 @@ XFileResult XModel::LoadBin(const char* path, bool loadCycles)
         if (file.IsAtEnd() || chunk.type == 0)
             break;
         const i64 body = file.Position();
-        if (!UseBinaryChunk(file, chunk, loadCycles)) {
+        const ChunkUse use = UseBinaryChunk(file, chunk, loadCycles);
+        if (use == ChunkUse::kFatal)
+            return FileCorrupt;
+        if (use == ChunkUse::kDropped) {
             ++m_DroppedChunks;
             if (chunk.size == 0) {
                 GetLogger()->Log(kError, "XModel::LoadBin : header byte size 0");
@@ -70,39 +73,48 @@ XFileResult XModel::LoadBin(const char* path, bool loadCycles)
             }
             file.Skip(ahead);
         }
-        remaining -= chunk.size;
+        // The size of such a definition is above what it takes: by it the walk would stop
+        // ahead of the end of a file with many of them.
+        const bool isOverstated = use == ChunkUse::kRead && chunk.type == kChunkInheritedNode;
+        remaining -= isOverstated ? file.Position() - body + kChunkHeaderSize : chunk.size;
     }
     return FileOk;
 }
 
-// A u16 count and the records. A damaged record does not stop the count: each claimed one
-// is tried while input is left.
-bool XModel::DoImages(XFileIO& file)
-{
-    u16 count = static_cast<u16>(std::min<std::size_t>(m_Images.size(), 0xFFFF));
-    if (!file.DoData(count))
-        return false;
-    if (file.IsReading())
-        for (u16 i = 0; i < count && file.Remaining() > 0; ++i)
-            m_Images.emplace_back(std::make_unique<XImage>())->DoData(file);
-    else
-        for (u16 i = 0; i < count; ++i)
-            if (!m_Images[i]->DoData(file))
-                return false;
-    return true;
-}
-
-// A chunk that can't be used costs itself alone.
-bool XModel::UseBinaryChunk(XFileIO& file, const BinaryChunk& chunk, bool)
+// A chunk that can't be used costs itself alone, unless it is a definition, which others
+// may need.
+XModel::ChunkUse XModel::UseBinaryChunk(XFileIO& file, const BinaryChunk& chunk, bool)
 {
     if (chunk.type == kChunkInfo) {
         m_Info = std::make_unique<XInfo>();
-        if (m_Info->DoData(file))
-            return true;
-        m_Info.reset();
-        return false;
+        if (!m_Info->DoData(file)) {
+            m_Info.reset();
+            return ChunkUse::kDropped;
+        }
+        if (m_Images.empty() && m_Info->HasTextureFile())
+            TryTextureFile(m_Info->GetTextureFile());
+        return ChunkUse::kRead;
     }
-    std::unique_ptr<XBase> node(XFnCreate(chunk.type, this));
+    if (chunk.type == kChunkInheritedNode) {
+        auto definition = std::make_unique<XInheritedNode>(static_cast<u32>(m_InheritedNodes.size()));
+        if (!definition->DoData(file))
+            return ChunkUse::kFatal;
+        Enter(std::move(definition));
+        return ChunkUse::kRead;
+    }
+    if (chunk.type == kChunkNewNode) {
+        auto definition = std::make_unique<XNewNode>();
+        if (!definition->DoData(file))
+            return ChunkUse::kFatal;
+        Enter(std::move(definition));
+        return ChunkUse::kRead;
+    }
+    return ReadBinaryNode(file, chunk) ? ChunkUse::kRead : ChunkUse::kDropped;
+}
+
+bool XModel::ReadBinaryNode(XFileIO& file, const BinaryChunk& chunk)
+{
+    std::unique_ptr<XBase> node(XInheritedCreate(this, chunk.type));
     if (!node)
         return false;
     if (chunk.hasExtraAttributes)
@@ -124,6 +136,12 @@ XFileResult XModel::SaveBinary(XFileIO& file)
         return FileCorrupt;
     if (m_Info && !m_Info->DoData(file))
         return FileCorrupt;
+    for (const auto& [key, definition] : m_NewNodes)
+        if (!definition->DoHeader(file) || !definition->DoData(file))
+            return FileCorrupt;
+    for (const auto& definition : m_InheritedNodes)
+        if (!definition->DoHeader(file) || !definition->DoData(file))
+            return FileCorrupt;
     XNodeList nodes;
     ListForSave(nodes);
     for (XBase* node : nodes)

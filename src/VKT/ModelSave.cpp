@@ -69,11 +69,21 @@ bool XModel::CanSaveAsText() const
     return false;
 }
 
+bool XModel::CanSaveAsBinary() const
+{
+    if (m_InheritedNodes.size() <= XInheritedNode::kMostInBinary)
+        return true;
+    GetLogger()->Log(kError, "a binary file tells no more than 4096 inherited node types apart");
+    return false;
+}
+
 XFileResult XModel::Save(const char* path)
 {
     try {
         m_Version = kCurrentVersion;
         if (!m_SaveFlags.Test(VKT::SaveAscii)) {
+            if (!CanSaveAsBinary())
+                return FileCorrupt;
             XFileIO file(path, false);
             return file.GetFile() ? SaveBinary(file) : FileOpenFailed;
         }

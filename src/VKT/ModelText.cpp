@@ -22,7 +22,7 @@ XFileResult XModel::LoadAscii(const char* path, bool loadCycles)
     XTextReader in(file.get());
     XString header;
     in.ReadToken(header);  // checked by `Load`
-    return ReadTextChunks(in, loadCycles);
+    return ReadTextChunks(in, path, loadCycles);
 }
 
 XFileResult XModel::LoadAsciiStream(XTextReader& in, const char* path, bool loadCycles)
@@ -36,10 +36,10 @@ XFileResult XModel::LoadAsciiStream(XTextReader& in, const char* path, bool load
         GetLogger()->LogFormat(kError, "File is \"%s\" is not an ascii vkt file", path);
         return FileNotVkt;
     }
-    return in.HasFailed() ? FileOpenFailed : ReadTextChunks(in, loadCycles);
+    return in.HasFailed() ? FileOpenFailed : ReadTextChunks(in, path, loadCycles);
 }
 
-XFileResult XModel::ReadTextChunks(XTextReader& in, bool loadCycles)
+XFileResult XModel::ReadTextChunks(XTextReader& in, const char* path, bool loadCycles)
 {
     XString key;
     XString name;
@@ -50,30 +50,59 @@ XFileResult XModel::ReadTextChunks(XTextReader& in, bool loadCycles)
         in.ReadToken(name);
         if (in.IsAtEnd())
             return FileOk;
-        const XFileResult result = ReadTextChunk(in, key, CleanName(name), loadCycles);
+        const XFileResult result = ReadTextChunk(in, path, key, CleanName(name), loadCycles);
         if (result != FileOk || in.IsAtEnd())
             return result;
     }
 }
 
-XFileResult XModel::ReadTextChunk(XTextReader& in, const XString& key, const XString& name, bool)
+// Built-in chunk keys come first, then those that the file has declared. A declaration has
+// no name: what was read as one is its opening brace.
+XFileResult XModel::ReadTextChunk(XTextReader& in, const char* path, const XString& key, const XString& name,
+                                  bool)
 {
-    if (std::unique_ptr<XBase> node{XFnCreateFromChunk(key, this)}) {
-        if (!node->Read(in)) {
-            Abandon(*node);
-            return FileCorrupt;
-        }
-        Enter(std::move(node), name);
-        return FileOk;
-    }
+    if (std::unique_ptr<XBase> node{XFnCreateFromChunk(key, this)})
+        return ReadTextNode(in, std::move(node), name);
     if (key == "INFO") {
         m_Info = std::make_unique<XInfo>();
-        if (m_Info->Read(in))
-            return FileOk;
-        m_Info.reset();
+        if (!m_Info->Read(in)) {
+            m_Info.reset();
+            return FileCorrupt;
+        }
+        FindTextureFile(path);
+        return FileOk;
+    }
+    if (key == "NEW_NODE") {
+        auto definition = std::make_unique<XNewNode>();
+        if (!definition->Read(in))
+            return FileCorrupt;
+        Enter(std::move(definition));
+        return FileOk;
+    }
+    if (key == "INHERITED_NODE") {
+        auto definition = std::make_unique<XInheritedNode>(static_cast<u32>(m_InheritedNodes.size()));
+        if (!definition->Read(in))
+            return FileCorrupt;
+        Enter(std::move(definition));
+        return FileOk;
+    }
+    if (const XInheritedNode* definition = FindInheritedNode(key))
+        if (std::unique_ptr<XBase> node{XInheritedCreateFrom(*definition, this)})
+            return ReadTextNode(in, std::move(node), name);
+    if (const XNewNode* definition = FindNewNode(key))
+        if (std::unique_ptr<XBase> node{definition->CreateNode(this)})
+            return ReadTextNode(in, std::move(node), name);
+    return SkipTextChunk(in, key, name);
+}
+
+XFileResult XModel::ReadTextNode(XTextReader& in, std::unique_ptr<XBase> node, const XString& name)
+{
+    if (!node->Read(in)) {
+        Abandon(*node);
         return FileCorrupt;
     }
-    return SkipTextChunk(in, key, name);
+    Enter(std::move(node), name);
+    return FileOk;
 }
 
 // Braces count wherever they begin a token, also inside texts.
@@ -101,6 +130,10 @@ XFileResult XModel::SaveAscii(XTextWriter& out)
     out << "|VKT_004A#" << XFileHeaderTail() << '\n';
     if (m_Info)
         m_Info->Write(out);
+    for (const auto& [header, definition] : m_NewNodes)
+        definition->Write(out);
+    for (const auto& definition : m_InheritedNodes)
+        definition->Write(out);
     XNodeList nodes;
     ListForSave(nodes);
     for (const XBase* node : nodes)

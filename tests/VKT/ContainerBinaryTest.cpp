@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "VKT/BinaryFile.h"
 #include "VKT/Bone.h"
 #include "VKT/LogCatcher.h"
 #include "VKT/NonLinearWave.h"
@@ -13,36 +14,16 @@ namespace {
 
 using Test::BodyOf;
 using Test::Bytes;
+using Test::Chunk;
 using Test::Hex;
+using Test::kMark;
+using Test::kTrueSize;
 using Test::LoadBytes;
 using Test::RegistryScope;
 using Test::SaveBinaryBytes;
+using Test::Start;
 using Test::TempFile;
-
-constexpr char kMark[] = "|VKT_004B#0000#00000000|";
-
-std::string Word(u64 value, int bytes)
-{
-    std::string text;
-    for (int i = 0; i < bytes; ++i)
-        text += static_cast<char>(value >> 8 * i);
-    return text;
-}
-
-// Header and image table of a file without images.
-std::string Start()
-{
-    return kMark + Word(0, 2);
-}
-
-constexpr u32 kTrueSize = 0xFFFFFFFE;
-
-std::string Chunk(u16 type, const std::string& body, u32 size = kTrueSize, u8 hasExtraAttributes = 0)
-{
-    if (size == kTrueSize)
-        size = static_cast<u32>(8 + body.size());
-    return Word(type, 2) + Word(hasExtraAttributes, 1) + Word(0, 1) + Word(size, 4) + body;
-}
+using Test::Word;
 
 // A nonLinearWave with its defaults.
 std::string WaveBody(const std::string& name, u32 id)
