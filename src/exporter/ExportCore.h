@@ -97,6 +97,9 @@ private:
     bool CreateSelectedBone(INode* node);
     VKT::XBone* CreateBone(INode* node);
     void FinishBone(INode* node, VKT::XBone& bone);
+    // Extra attributes of the node's bone, if it has one (NodeAttributes.cpp).
+    void WriteWireColour(INode* node) const;
+    void WriteUserProperties(INode* node) const;
     bool ExportNodeContent(INode* node, const WalkScope& scope);
 
     VKT::XModel& m_Model;

@@ -103,6 +103,34 @@ bool IsBoneSwitchedOn(INode* node)
     return node->GetBoneNodeOnOff() != 0;
 }
 
+u32 WireColourOf(INode* node)
+{
+    return node->GetWireColor();
+}
+
+std::string UserPropertyText(INode* node)
+{
+    MSTR text;
+    node->GetUserPropBuffer(text);
+    return text.data();
+}
+
+i32 UserPropertyInt(INode* node, const std::string& name)
+{
+    const MSTR key(name.c_str());
+    int value = 0;
+    node->GetUserPropInt(key, value);
+    return value;
+}
+
+f32 UserPropertyFloat(INode* node, const std::string& name)
+{
+    const MSTR key(name.c_str());
+    float value = 0.0f;
+    node->GetUserPropFloat(key, value);
+    return value;
+}
+
 RowMatrix NodeMatrix(INode* node, i32 ticks)
 {
     return ToRowMatrix(node->GetNodeTM(ticks));

@@ -57,6 +57,13 @@ bool IsSelected(INode* node);
 bool IsHidden(INode* node);
 f32 VisibilityOf(INode* node, i32 ticks);  // 1 opaque, 0 transparent
 bool IsBoneSwitchedOn(INode* node);
+u32 WireColourOf(INode* node);  // red in the lowest byte, then green, then blue
+
+// What a user wrote on a node: lines "name = value". Numbers read as 0 where there is no
+// line of that name.
+std::string UserPropertyText(INode* node);
+i32 UserPropertyInt(INode* node, const std::string& name);
+f32 UserPropertyFloat(INode* node, const std::string& name);
 
 // World matrix of the pivot frame.
 RowMatrix NodeMatrix(INode* node, i32 ticks);

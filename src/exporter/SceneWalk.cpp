@@ -42,7 +42,13 @@ bool VKTExportCore::ExportAllNodes(INode* node, const WalkScope& scope)
 {
     const auto isWanted = [this](INode* met) { return !m_SelectedOnly || IsSelected(met); };
     const auto exportBones = [&](INode* met) {
-        return !isWanted(met) || CreateBoneTree(met, scope.children);
+        if (!isWanted(met))
+            return true;
+        if (!CreateBoneTree(met, scope.children))
+            return false;
+        WriteWireColour(met);
+        WriteUserProperties(met);
+        return true;
     };
     const auto exportShape = [&](INode* met) {
         return !isWanted(met) || !scope.shape || ExportNodeContent(met, scope);
@@ -53,7 +59,13 @@ bool VKTExportCore::ExportAllNodes(INode* node, const WalkScope& scope)
 bool VKTExportCore::ExportSelectedNodes(INode* node, const WalkScope& scope)
 {
     const auto exportNode = [&](INode* met) {
-        return CreateSelectedBone(met) && (!IsSelected(met) || !scope.shape || ExportNodeContent(met, scope));
+        if (!CreateSelectedBone(met))
+            return false;
+        if (!IsSelected(met))
+            return true;
+        WriteWireColour(met);
+        WriteUserProperties(met);
+        return !scope.shape || ExportNodeContent(met, scope);
     };
     return WalkTree(node, scope.children, exportNode, [](INode*) { return true; });
 }

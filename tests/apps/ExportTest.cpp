@@ -68,6 +68,24 @@ TEST_F(Export, NodesThatAreNotExportedBendNoTransforms)
     EXPECT_EQ(result.out.find("cannot carry"), std::string::npos) << result.out;
 }
 
+TEST_F(Export, PropertiesOfASceneBecomeAttributes)
+{
+    Json scene = Json::parse(std::ifstream(kScene));
+    scene["nodes"][1]["extras"] = {{"count", 12}, {"ratio", 0.5}, {"solid", true}, {"note", "red wine"}};
+    WriteFile("scene.gltf", scene.dump());
+    ASSERT_EQ(Run({"export", "scene.gltf", "out.vkt", "--select", "twin"}).status, 0);
+    EXPECT_NE(ReadFile("out.vkt").find("\tEXTRA_ATTRIBUTES\n"
+                                       "\t{\n"
+                                       "\t\twire_colour colour 0.501961 0.501961 0.501961\n"
+                                       "\t\tcount int 12\n"
+                                       "\t\tnote string \"red wine\"\n"
+                                       "\t\tratio float 0.5\n"
+                                       "\t\tsolid bool 1\n"
+                                       "\t}\n"),
+              std::string::npos)
+        << ReadFile("out.vkt");
+}
+
 TEST_F(Export, NameThatNoNodeHasIsAFailure)
 {
     WriteFile("out.vkt", "old");
