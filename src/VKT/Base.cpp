@@ -28,6 +28,16 @@ u32 XBase::GetDataSize() const
     return static_cast<u32>(kChunkHeaderSize + measure.GetMeasure());
 }
 
+void XBase::ListReferences(XIndexList& ids) const
+{
+    XFlagStack& flags = m_Model->GetSaveFlags();
+    const XFlagStack kept = flags;
+    flags.Set(0xFFFFFFFF);  // what a save may leave out is named all the same
+    XFileIO walk(ids);
+    const_cast<XBase*>(this)->DoData(walk);  // a measure changes nothing
+    flags = kept;
+}
+
 bool XBase::NodeDeath(u32 id)
 {
     if (m_ExtraAttributes)

@@ -51,6 +51,9 @@ public:
     // Bytes of the whole binary chunk, its 8-byte header included, as a save under the
     // document's flags would write it. Changes nothing on the node.
     virtual u32 GetDataSize() const;
+    // Appends the ids of all nodes that this one names, in the order of its binary chunk;
+    // repeated ones and 0 for none are among them.
+    void ListReferences(XIndexList& ids) const;
     // Drops every reference to the dying node `id`. False tells the document that this
     // node has no reason to live on.
     virtual bool NodeDeath(u32 id);

@@ -61,6 +61,7 @@ struct TextWriting {
         out << " input " << input.input << '\n';
     }
     void operator()(XStoredNode stored) const { (*this)(stored.member); }
+    void operator()(XStoredNodes stored) const { (*this)(stored.member); }
     void operator()(XStoredThree stored) const
     {
         const XColour& c = node.*stored.member;
@@ -121,6 +122,7 @@ struct TextReading {
                Expect("input", in, source, line) && Read(input.input);
     }
     bool operator()(XStoredNode stored) const { return (*this)(stored.member); }
+    bool operator()(XStoredNodes stored) const { return (*this)(stored.member); }
     bool operator()(XStoredThree stored) const
     {
         XColour& c = node.*stored.member;
@@ -193,9 +195,10 @@ struct BinaryTransfer {
     }
     bool operator()(XLimitPair XBase::*member) const { return file.DoData(&(node.*member).lower, 2) != 0; }
     bool operator()(XShaderInput XBase::*member) const { return DoInput(node.*member); }
-    bool operator()(XStoredNode stored) const { return (*this)(stored.member); }
+    bool operator()(XStoredNode stored) const { return file.DoId(node.*stored.member) != 0; }
+    bool operator()(XStoredNodes stored) const { return file.DoIds(node.*stored.member) != 0; }
     bool operator()(XStoredThree stored) const { return file.DoData(&(node.*stored.member).r, 3) != 0; }
-    bool operator()(XStoredInputId stored) const { return file.DoData((node.*stored.member).input) != 0; }
+    bool operator()(XStoredInputId stored) const { return file.DoId((node.*stored.member).input) != 0; }
     bool operator()(XStoredOldInput stored) const
     {
         XShaderInput dropped("");
@@ -216,7 +219,7 @@ struct BinaryTransfer {
 private:
     bool DoInput(XShaderInput& input) const
     {
-        return file.DoData(input.input) && file.DoData(input.colour) && file.DoData(input.name);
+        return file.DoId(input.input) && file.DoData(input.colour) && file.DoData(input.name);
     }
 };
 
@@ -230,6 +233,7 @@ struct Copying {
         target.*member = source.*member;
     }
     void operator()(XStoredNode stored) const { (*this)(stored.member); }
+    void operator()(XStoredNodes stored) const { (*this)(stored.member); }
     void operator()(XStoredThree stored) const { (*this)(stored.member); }
     void operator()(XStoredInputId stored) const { (*this)(stored.member); }
     void operator()(XStoredOldInput) const {}

@@ -26,6 +26,9 @@ class XTextWriter;
 struct XStoredNode {  // u32, the id of another node
     u32 XBase::*member;
 };
+struct XStoredNodes {  // a list of such ids; a list that is no more than numbers is a plain member
+    XIndexList XBase::*member;
+};
 struct XStoredThree {  // red, green and blue of a colour; alpha stays as it is
     XColour XBase::*member;
 };
@@ -52,7 +55,7 @@ using XStored = std::variant<bool XBase::*, i32 XBase::*, u32 XBase::*, f32 XBas
                              XMatrix XBase::*, XLimitPair XBase::*,                       //
                              XShaderInput XBase::*, XIndexList XBase::*,                  //
                              XStoredNode, XStoredThree, XStoredInputId, XStoredOldInput,  //
-                             XDroppedFloat, XStoredText>;
+                             XDroppedFloat, XStoredText, XStoredNodes>;
 
 // Which files hold a row.
 enum class XGate : u8 {
@@ -121,6 +124,11 @@ template <class Node>
 constexpr XStored NodeId(u32 Node::*member)
 {
     return XStoredNode{Seen(member)};
+}
+template <class Node>
+constexpr XStored NodeIds(XIndexList Node::*member)
+{
+    return XStoredNodes{Seen(member)};
 }
 template <class Node>
 constexpr XStored FirstThree(XColour Node::*member)

@@ -140,7 +140,7 @@ XBodyTable XBone::BinaryBody()
         Since(4, { &XBone::m_ScaleLimitY }),
         Since(4, { &XBone::m_ScaleLimitZ }),
         NodeId(&XBone::m_Parent),
-        { &XBone::m_Children },
+        NodeIds(&XBone::m_Children),
     };
     // clang-format on
     return {kSource, rows};

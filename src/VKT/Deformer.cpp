@@ -43,7 +43,7 @@ bool XDeformer::NodeDeath(u32 id)
 XBodyTable XDeformer::TextBody()
 {
     static constexpr XBodyRow rows[] = {
-        {"\taffected ", &XDeformer::m_Affected},
+        {"\taffected ", NodeIds(&XDeformer::m_Affected)},
         Since(4, {"\tenvelope_weight ", &XDeformer::m_EnvelopeWeight}),
     };
     return {".\\src\\VKT\\Deformer", rows};

@@ -212,6 +212,20 @@ std::size_t XFileIO::DoData(bool& value)
     return moved;
 }
 
+std::size_t XFileIO::DoId(u32& id)
+{
+    if (m_Ids)
+        m_Ids->push_back(id);
+    return DoData(id);
+}
+
+std::size_t XFileIO::DoIds(XIndexList& ids)
+{
+    if (m_Ids)
+        m_Ids->insert(m_Ids->end(), ids.begin(), ids.end());
+    return DoData(ids);
+}
+
 std::size_t XFileIO::DoData(XVector3& value)
 {
     f32 stored[3] = {value.x, value.y, value.z};

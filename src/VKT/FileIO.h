@@ -37,6 +37,8 @@ public:
     // A stream that writes nowhere and adds up what a write would take: `GetMeasure`.
     struct Measure {};
     explicit XFileIO(Measure) : m_Measuring(true) {}
+    // The same, and the ids of nodes that pass through it are appended to `ids`.
+    explicit XFileIO(XIndexList& ids) : m_Measuring(true), m_Ids(&ids) {}
     ~XFileIO();
     XFileIO(const XFileIO&) = delete;
     XFileIO& operator=(const XFileIO&) = delete;
@@ -78,6 +80,11 @@ public:
     std::size_t DoData(XDate& value) { return DoElements(&value, sizeof value, 1); }
     // u16 length and the characters; a longer string is cut to 65535 of them.
     std::size_t DoData(XString& value);
+
+    // The id of another node, and a list of them: a number like any other to the file. What
+    // a class moves this way is known as its references.
+    std::size_t DoId(u32& id);
+    std::size_t DoIds(XIndexList& ids);
 
     // Arrays whose count is known, moved in one transfer, of elements that stand in the
     // file as they do in memory.
@@ -156,6 +163,7 @@ private:
     bool m_AtEnd = false;
     bool m_Failed = false;  // a write that was taken could not be carried out
     u64 m_Measure = 0;
+    XIndexList* m_Ids = nullptr;
     i64 m_Length = -1;       // of the file, once asked for
     i64 m_FilePosition = 0;  // of m_File, while a window is open
     // What is read ahead or written behind: bytes of m_Window from m_Cursor to m_End.

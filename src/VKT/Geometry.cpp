@@ -63,7 +63,7 @@ bool XGeometry::DoData(XFileIO& file)
     XIndexList none;
     XIndexList& queue = file.IsReading() || SavesDeformers(*this) ? m_DeformerQueue : none;
     // The flag stands in binary files of every version, other than in text files.
-    return file.DoData(queue) && file.DoData(m_IntermediateObject);
+    return file.DoIds(queue) && file.DoData(m_IntermediateObject);
 }
 
 void XGeometry::DoCopy(const XBase* source)

@@ -80,6 +80,11 @@ void XInstance::DropMaterial(u32 material)
             group->m_Material = 0;
 }
 
+void XInstance::DropTextures(const std::unordered_set<u32, XIdHash>& textures)
+{
+    std::erase_if(m_UvSets, [&](const auto& uvSet) { return textures.contains(uvSet->m_Texture); });
+}
+
 void XInstance::CopyBindings(const XInstance& source)
 {
     m_Name = source.m_Name;
@@ -197,11 +202,11 @@ bool XInstance::DoData(XFileIO& file)
 {
     const bool withMaterials = file.IsReading() || SavesMaterials(*this);
     u8 hasGroups = withMaterials && !m_MaterialGroups.empty();
-    if (!file.DoData(m_Name) || !file.DoData(m_Object) || !file.DoData(hasGroups))
+    if (!file.DoData(m_Name) || !file.DoId(m_Object) || !file.DoData(hasGroups))
         return false;
     if (hasGroups == 0) {
         u32 material = withMaterials ? m_Material : 0;
-        if (!file.DoData(material))
+        if (!file.DoId(material))
             return false;
         if (file.IsReading())
             m_Material = material;
@@ -215,7 +220,7 @@ bool XInstance::DoData(XFileIO& file)
         if (file.IsReading())
             m_MaterialGroups.push_back(std::make_unique<XMaterialGroup>());
         XMaterialGroup& group = *m_MaterialGroups[i];
-        if (!file.DoData(group.m_Material) || !file.DoData(group.m_Faces))
+        if (!file.DoId(group.m_Material) || !file.DoData(group.m_Faces))
             return false;
     }
     return true;

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <memory>
+#include <unordered_set>
 
+#include "VKT/IdMap.h"
 #include "VKT/Lists.h"
 
 namespace VKT {
@@ -61,6 +63,8 @@ public:
 
     // Drops `material` wherever it is used here: the single one, or those of groups.
     void DropMaterial(u32 material);
+    // Drops the uv sets of textures that are going.
+    void DropTextures(const std::unordered_set<u32, XIdHash>& textures);
     // Takes over name, materials, groups and uv sets.
     void CopyBindings(const XInstance& source);
 
@@ -79,6 +83,7 @@ private:
     bool ReadMaterials(XTextReader& in);
 
     u32 m_ID = 0;
+    bool m_IsDead = false;  // deleted, and not yet out of the document's list
     u32 m_Material = 0;
     XVector<std::unique_ptr<XMaterialGroup>> m_MaterialGroups;
     u32 m_Object = 0;

@@ -1,8 +1,5 @@
 #include "VKT/Material.h"
 
-#include <algorithm>
-#include <set>
-
 #include "VKT/Model.h"
 
 namespace VKT {
@@ -28,17 +25,7 @@ XBase* XMaterial::GetHwShader() const
 
 u32 XMaterial::GetNumUsers() const
 {
-    XInstanceList instances;
-    GetModel()->ListInstances(instances);
-    std::set<u32> shapes;
-    for (const XInstance* instance : instances) {
-        const auto& groups = instance->GetMaterialGroups();
-        const bool covers = std::any_of(groups.begin(), groups.end(),
-                                        [this](const auto& group) { return group->m_Material == GetID(); });
-        if (covers || instance->GetMaterial() == GetID())
-            shapes.insert(instance->GetShapeId());
-    }
-    return static_cast<u32>(shapes.size());
+    return GetModel()->CountUsers()->GetShapesCoveredBy(GetID());
 }
 
 XBodyTable XMaterial::TextBody()

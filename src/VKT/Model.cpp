@@ -41,6 +41,7 @@ XModel::~XModel()
 void XModel::Clear()
 {
     m_Instances.clear();
+    m_DeadInstances = 0;
     m_InstanceByPlace.clear();
     m_InstancesByShape.clear();
     for (const auto& [name, node] : m_Nodes)
@@ -222,7 +223,11 @@ bool XModel::DeleteInstance(u32 id)
     if (place != m_InstanceByPlace.end() && place->second == id)
         m_InstanceByPlace.erase(place);
     EraseId(m_InstancesByShape[instance.m_Object], id);
-    m_Instances.erase(found);
+    instance.m_IsDead = true;
+    if (2 * ++m_DeadInstances > m_Instances.size()) {
+        std::erase_if(m_Instances, [](const auto& each) { return each->m_IsDead; });
+        m_DeadInstances = 0;
+    }
     return true;
 }
 
@@ -232,7 +237,8 @@ XVector<std::unique_ptr<XInstance>>::const_iterator XModel::PlaceOf(u32 id) cons
     const auto found =
         std::lower_bound(m_Instances.begin(), m_Instances.end(), id,
                          [](const auto& instance, u32 wanted) { return instance->m_ID < wanted; });
-    return found != m_Instances.end() && (*found)->m_ID == id ? found : m_Instances.end();
+    return found != m_Instances.end() && (*found)->m_ID == id && !(*found)->m_IsDead ? found
+                                                                                     : m_Instances.end();
 }
 
 XInstance* XModel::FindInstance(u32 id) const
@@ -251,7 +257,8 @@ bool XModel::ListInstances(XInstanceList& out) const
 {
     out.clear();
     for (const auto& instance : m_Instances)
-        out.push_back(instance.get());
+        if (!instance->m_IsDead)
+            out.push_back(instance.get());
     return !out.empty();
 }
 

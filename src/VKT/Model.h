@@ -13,6 +13,7 @@
 #include "VKT/InheritedNode.h"
 #include "VKT/Instance.h"
 #include "VKT/NewNode.h"
+#include "VKT/UserCounts.h"
 
 namespace VKT {
 
@@ -98,6 +99,18 @@ public:
     // Ids of the instances that show the shape, in the document's order.
     void ListInstancesOf(u32 shape, XIndexList& ids) const;
 
+    // Deletes a node and what goes along with it: the nodes that its `PreDelete` asks for
+    // under the delete flags, those that theirs ask for, and survivors that answer the death
+    // of a node that they name by `NodeDeath` with false. Instances whose bone or shape goes
+    // are deleted, and uv sets of textures that go are dropped from the others. False when
+    // there is no node of that id.
+    bool DeleteNode(u32 id);
+    // The same for many nodes in one go, which is what deleting many should cost. Ids of no
+    // node are passed over. Answers how many nodes went.
+    u32 DeleteNodes(const std::set<u32>& ids);
+    // How much depends on each shading node.
+    std::shared_ptr<const XUserCounts> CountUsers() const;
+
     // Builds the current matrices of all bones that are reached from a root.
     void UpdateWorldMatrices();
 
@@ -137,6 +150,10 @@ private:
     XInstance* AddInstance(std::unique_ptr<XInstance> instance);
     XVector<std::unique_ptr<XInstance>>::const_iterator PlaceOf(u32 id) const;
 
+    // ModelDelete.cpp
+    XNodeList CollectDeaths(const std::set<u32>& ids, std::set<u32>& dying);
+    std::set<u32> AnnounceDeaths(const XNodeList& deaths, const std::set<u32>& dying);
+    void DeleteInstancesOf(const XNodeList& deaths);
     // ModelUserTypes.cpp
     bool IsFreeChunkKey(const XString& key) const;
     void Enter(std::unique_ptr<XInheritedNode> definition);
@@ -177,7 +194,7 @@ private:
     u32 m_Version = kCurrentVersion;
     std::unique_ptr<XInfo> m_Info;
     XVector<std::unique_ptr<XImage>> m_Images;
-    XVector<std::unique_ptr<XInstance>> m_Instances;  // by ascending id
+    XVector<std::unique_ptr<XInstance>> m_Instances;  // by ascending id; see m_DeadInstances
     XNameMap m_Nodes;
     XIdMap m_NodesById;
     u32 m_LastInstanceId = 0;
@@ -201,6 +218,11 @@ private:
     // What `FindBuiltInType` has found for each definition, so that long chains are walked
     // once; empty after a definition was added.
     mutable XIndexList m_BuiltInTypes;
+    // Instances that were deleted and still stand in m_Instances: they leave it together, so
+    // that deleting one moves no others.
+    std::size_t m_DeadInstances = 0;
+    // What `CountUsers` answers while the nodes that are to go are being collected.
+    std::shared_ptr<const XUserCounts> m_UserCounts;
     // For stems of numbered names: the number below which all are taken.
     std::unordered_map<XString, u32> m_NextNumber;
 };

@@ -41,14 +41,15 @@ void XShadingNode::PreDelete(std::set<u32>& ids)
 // Inputs of other nodes that the node `id` feeds; those of the node itself don't count.
 u32 XShadingNode::CountUsersOf(u32 id) const
 {
-    u32 users = 0;
-    for (const auto& [name, node] : GetModel()->GetNodes()) {
-        const XShadingNode* other = XCast<XShadingNode>(node);
-        if (!other || other == this || other->GetID() == id)
-            continue;
-        for (const XShaderInput* input : other->m_Inputs)
-            users += input->input == id;
-    }
+    u32 users = GetModel()->CountUsers()->GetInputsFedBy(id);
+    const auto leaveOut = [&](const XShadingNode& node) {
+        for (const XShaderInput* input : node.m_Inputs)
+            users -= input->input == id;
+    };
+    leaveOut(*this);
+    const XShadingNode* feeder = XCast<XShadingNode>(GetModel()->FindNode(id));
+    if (feeder && feeder != this)
+        leaveOut(*feeder);
     return users;
 }
 
