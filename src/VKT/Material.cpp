@@ -1,5 +1,6 @@
 #include "VKT/Material.h"
 
+#include "VKT/HwShader.h"
 #include "VKT/Model.h"
 
 namespace VKT {
@@ -17,10 +18,9 @@ bool XMaterial::SetHwShader(const XBase* node)
     return true;
 }
 
-XBase* XMaterial::GetHwShader() const
+XHwShader* XMaterial::GetHwShader() const
 {
-    XBase* node = GetModel()->FindNode(m_HwShader);
-    return node ? node->HasFn(kFnHwShader) : nullptr;
+    return XCast<XHwShader>(GetModel()->FindNode(m_HwShader));
 }
 
 u32 XMaterial::GetNumUsers() const

@@ -4,6 +4,8 @@
 
 namespace VKT {
 
+class XHwShader;
+
 // What covers a shape. Colours are red, green, blue and alpha, nominally 0 to 1; each
 // can be fed by another shading node.
 class XMaterial : public XNodeClass<XMaterial, XShadingNode, kFnMaterial> {
@@ -13,9 +15,9 @@ public:
     XShaderInput& GetColour() { return m_Colour; }
     const XShaderInput& GetColour() const { return m_Colour; }
 
-    // A node of class hwShader in the document; any other is refused.
+    // A hardware shader of the document; any other node is refused.
     bool SetHwShader(const XBase* node);
-    XBase* GetHwShader() const;
+    XHwShader* GetHwShader() const;
 
     // Shapes of the document that an instance covers with this material.
     u32 GetNumUsers() const;

@@ -3,6 +3,7 @@
 #include "VKT/ExtendedLight.h"
 #include "VKT/FnRegistry.h"
 #include "VKT/Geometry.h"
+#include "VKT/HwShader.h"
 #include "VKT/Joint.h"
 #include "VKT/Lambert.h"
 #include "VKT/Light.h"
@@ -49,6 +50,7 @@ constexpr TypeRow kTypes[] = {
     Abstract<XLight>("light"),
     Abstract<XExtendedLight>("extendedLight"),
     Concrete<XBone>("bone", "BONE"),
+    Concrete<XHwShader>("hwShader", "HW_SHADER"),
     Concrete<XJoint>("joint", "JOINT"),
     Concrete<XLambert>("lambert", "LAMBERT"),
     Concrete<XNonLinearWave>("nonLinearWave", "NONLINEAR_WAVE"),

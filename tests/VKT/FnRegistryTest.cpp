@@ -57,6 +57,7 @@ constexpr Row kRows[] = {
     {76,  "light",         ""},
     {78,  "extendedLight", ""},
     {86,  "bone",          "BONE"},
+    {18,  "hwShader",      "HW_SHADER"},
     {87,  "joint",         "JOINT"},
     {10,  "lambert",       "LAMBERT"},
     {128, "nonLinearWave", "NONLINEAR_WAVE"},

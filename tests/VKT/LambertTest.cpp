@@ -1,6 +1,7 @@
 #include "VKT/Lambert.h"
 
 #include "VKT/Bone.h"
+#include "VKT/HwShader.h"
 #include "VKT/NodeClass.h"
 #include "VKT/NodeTest.h"
 #include "VKT/PolygonMesh.h"
@@ -12,10 +13,6 @@ using namespace VKT::Test;
 namespace {
 
 // Stand for the classes that a material refers to.
-class HwShader : public XNodeClass<HwShader, XBase, kFnHwShader> {
-public:
-    using XNodeClass::XNodeClass;
-};
 class BumpMap : public XNodeClass<BumpMap, XBase, kFnBumpMap> {
 public:
     using XNodeClass::XNodeClass;
@@ -157,11 +154,11 @@ TEST_F(Lambert, CloneHasAllValues)
 
 TEST_F(Lambert, RefersToNodesOfTheWantedClassesAlone)
 {
-    HwShader& shader = Known<HwShader>(2);
+    XHwShader& shader = *m_Model.CreateNode<XHwShader>();
     BumpMap& bump = Known<BumpMap>(3);
     EnvMap& env = Known<EnvMap>(4);
     XModel other;
-    const HwShader foreignShader(&other);
+    const XHwShader foreignShader(&other);
     const BumpMap foreignBump(&other);
     EXPECT_TRUE(m_Clay.SetHwShader(&shader));
     EXPECT_TRUE(m_Clay.SetBumpMap(&bump));
@@ -188,7 +185,7 @@ TEST_F(Lambert, RefersToNodesOfTheWantedClassesAlone)
 
 TEST_F(Lambert, PropertiesReachTheFields)
 {
-    HwShader& shader = Known<HwShader>(2);
+    XHwShader& shader = *m_Model.CreateNode<XHwShader>();
     BumpMap& bump = Known<BumpMap>(3);
     EnvMap& env = Known<EnvMap>(4);
     const XNodeProperties& properties = *m_Clay.GetNodeProperties();

@@ -215,7 +215,7 @@ TEST_P(SampleSweep, EveryNodeIsACastAwayFromTheBaseAndItself)
 TEST_P(SampleSweep, DeathOfAnyOtherNodeIsTakenByEveryNode)
 {
     for (XBase* node : Nodes())
-        for (u32 id = 0; id < 120; ++id)
+        for (u32 id = 0; id < 1000; ++id)
             node->NodeDeath(id);
     for (XBase* node : Nodes())
         EXPECT_EQ(node->GetDataSize(), 8 + BodyOf(*node).size());
