@@ -2,7 +2,7 @@
 
 #include "VKT/FileIO.h"
 #include "VKT/Model.h"
-#include "VKT/TextSyntax.h"
+#include "VKT/TextWriter.h"
 
 namespace VKT {
 namespace {
@@ -67,6 +67,10 @@ struct TextWriting {
         const XColour& c = node.*stored.member;
         out << row.before << c.r << ' ' << c.g << ' ' << c.b << row.after;
     }
+    void operator()(XStoredWord stored) const
+    {
+        out << row.before << WordOf(node.*stored.member, stored.words) << row.after;
+    }
     void operator()(XStoredInputId stored) const
     {
         const XShaderInput& input = node.*stored.member;
@@ -127,6 +131,15 @@ struct TextReading {
     {
         XColour& c = node.*stored.member;
         return ReadKey() && Read(c.r) && Read(c.g) && Read(c.b);
+    }
+    bool operator()(XStoredWord stored) const
+    {
+        XString word;
+        if (!ReadKey())
+            return false;
+        if (in.ReadToken(word) && !FindWord(word, stored.words, node.*stored.member) && stored.unknown)
+            stored.unknown(node, word);
+        return true;
     }
     bool operator()(XStoredInputId stored) const
     {
@@ -198,6 +211,7 @@ struct BinaryTransfer {
     bool operator()(XStoredNode stored) const { return file.DoId(node.*stored.member) != 0; }
     bool operator()(XStoredNodes stored) const { return file.DoIds(node.*stored.member) != 0; }
     bool operator()(XStoredThree stored) const { return file.DoData(&(node.*stored.member).r, 3) != 0; }
+    bool operator()(XStoredWord stored) const { return (*this)(stored.member); }
     bool operator()(XStoredInputId stored) const { return file.DoId((node.*stored.member).input) != 0; }
     bool operator()(XStoredOldInput stored) const
     {
@@ -235,6 +249,7 @@ struct Copying {
     void operator()(XStoredNode stored) const { (*this)(stored.member); }
     void operator()(XStoredNodes stored) const { (*this)(stored.member); }
     void operator()(XStoredThree stored) const { (*this)(stored.member); }
+    void operator()(XStoredWord stored) const { (*this)(stored.member); }
     void operator()(XStoredInputId stored) const { (*this)(stored.member); }
     void operator()(XStoredOldInput) const {}
     void operator()(XDroppedFloat) const {}

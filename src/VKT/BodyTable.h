@@ -7,12 +7,12 @@
 #include "VKT/LimitPair.h"
 #include "VKT/Lists.h"
 #include "VKT/ShaderInput.h"
+#include "VKT/TextSyntax.h"
 
 namespace VKT {
 
 class XBase;
 class XFileIO;
-class XTextReader;
 class XTextWriter;
 
 // A class says what it stores as tables of fields. Text body, binary body, data size
@@ -31,6 +31,13 @@ struct XStoredNodes {  // a list of such ids; a list that is no more than number
 };
 struct XStoredThree {  // red, green and blue of a colour; alpha stays as it is
     XColour XBase::*member;
+};
+// u32, a value of an enumeration: its word in text, its number in binary. Text with a
+// word that is none of them calls `unknown`, where there is one, and leaves the value.
+struct XStoredWord {
+    u32 XBase::*member;
+    XWordList words;
+    void (*unknown)(XBase& node, const XString& word);
 };
 struct XStoredInputId {  // the connected node of an input; the key is the input's name
     XShaderInput XBase::*member;
@@ -55,7 +62,7 @@ using XStored = std::variant<bool XBase::*, i32 XBase::*, u32 XBase::*, f32 XBas
                              XMatrix XBase::*, XLimitPair XBase::*,                       //
                              XShaderInput XBase::*, XIndexList XBase::*,                  //
                              XStoredNode, XStoredThree, XStoredInputId, XStoredOldInput,  //
-                             XDroppedFloat, XStoredText, XStoredNodes>;
+                             XDroppedFloat, XStoredText, XStoredNodes, XStoredWord>;
 
 // Which files hold a row.
 enum class XGate : u8 {
@@ -134,6 +141,12 @@ template <class Node>
 constexpr XStored FirstThree(XColour Node::*member)
 {
     return XStoredThree{Seen(member)};
+}
+template <class Node>
+constexpr XStored Word(u32 Node::*member, XWordList words,
+                       void (*unknown)(XBase& node, const XString& word) = nullptr)
+{
+    return XStoredWord{Seen(member), words, unknown};
 }
 template <class Node>
 constexpr XStored InputId(XShaderInput Node::*member)

@@ -27,6 +27,20 @@ bool Expect(std::string_view key, XTextReader& in, const char* source, int line)
     return false;
 }
 
+std::string_view WordOf(u32 number, XWordList words)
+{
+    return words[number < words.size() ? number : 0];
+}
+
+bool FindWord(std::string_view word, XWordList words, u32& number)
+{
+    const auto found = std::find(words.begin(), words.end(), word);
+    if (found == words.end())
+        return false;
+    number = static_cast<u32>(found - words.begin());
+    return true;
+}
+
 bool ReadQuoted(XTextReader& in, XString& text)
 {
     int next = in.Get();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <span>
+
 #include "VKT/TextReader.h"
 
 namespace VKT {
@@ -15,6 +17,17 @@ bool ExpectKey(std::string_view key, XTextReader& in, XString& token);
 // source and the number of the row that wanted it:
 // "Expected near got distance [.\src\VKT\Camera:2]".
 bool Expect(std::string_view key, XTextReader& in, const char* source, int line);
+
+// The words of an enumeration, each at the place of its number.
+using XWordList = std::span<const char* const>;
+
+// The word of a number. One outside of the list, which only damaged binary files hold,
+// has that of number 0.
+std::string_view WordOf(u32 number, XWordList words);
+
+// Sets `number` to that of a word, letters compared exactly. False, and `number`
+// untouched, when it is none of them.
+bool FindWord(std::string_view word, XWordList words, u32& number);
 
 // Reads a string in double quotes behind any white space; it may hold line ends, and no
 // escapes. Two quotes in a row leave `text` as it was. False when the input ends first.
