@@ -1,5 +1,9 @@
+#include "VKT/AmbientLight.h"
+#include "VKT/AreaLight.h"
 #include "VKT/Bone.h"
+#include "VKT/Camera.h"
 #include "VKT/Deformer.h"
+#include "VKT/DirectionalLight.h"
 #include "VKT/ExtendedLight.h"
 #include "VKT/FnRegistry.h"
 #include "VKT/Geometry.h"
@@ -10,10 +14,12 @@
 #include "VKT/Material.h"
 #include "VKT/NonLinearDeformer.h"
 #include "VKT/NonLinearWave.h"
+#include "VKT/PointLight.h"
 #include "VKT/PolygonMesh.h"
 #include "VKT/ShadingNode.h"
 #include "VKT/Shape.h"
 #include "VKT/SpotLight.h"
+#include "VKT/VolumeLight.h"
 
 namespace VKT {
 namespace {
@@ -49,13 +55,19 @@ constexpr TypeRow kTypes[] = {
     Abstract<XGeometry>("geometry"),
     Abstract<XLight>("light"),
     Abstract<XExtendedLight>("extendedLight"),
+    Concrete<XAmbientLight>("ambientLight", "AMBIENT_LIGHT"),
+    Concrete<XAreaLight>("areaLight", "AREA_LIGHT"),
     Concrete<XBone>("bone", "BONE"),
+    Concrete<XCamera>("camera", "CAMERA"),
+    Concrete<XDirectionalLight>("directionalLight", "DIRECTIONAL_LIGHT"),
     Concrete<XHwShader>("hwShader", "HW_SHADER"),
     Concrete<XJoint>("joint", "JOINT"),
     Concrete<XLambert>("lambert", "LAMBERT"),
     Concrete<XNonLinearWave>("nonLinearWave", "NONLINEAR_WAVE"),
+    Concrete<XPointLight>("pointLight", "POINT_LIGHT"),
     Concrete<XPolygonMesh>("polygonMesh", "POLYGON_MESH"),
     Concrete<XSpotLight>("spotLight", "SPOT_LIGHT"),
+    Concrete<XVolumeLight>("volumeLight", "VOLUME_LIGHT"),
 };
 
 class RowInfo final : public XFnInfo {

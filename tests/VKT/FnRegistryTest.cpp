@@ -56,13 +56,19 @@ constexpr Row kRows[] = {
     {26,  "geometry",      ""},
     {76,  "light",         ""},
     {78,  "extendedLight", ""},
+    {77,  "ambientLight",  "AMBIENT_LIGHT"},
+    {79,  "areaLight",     "AREA_LIGHT"},
     {86,  "bone",          "BONE"},
+    {43,  "camera",        "CAMERA"},
+    {81,  "directionalLight", "DIRECTIONAL_LIGHT"},
     {18,  "hwShader",      "HW_SHADER"},
     {87,  "joint",         "JOINT"},
     {10,  "lambert",       "LAMBERT"},
     {128, "nonLinearWave", "NONLINEAR_WAVE"},
+    {80,  "pointLight",    "POINT_LIGHT"},
     {166, "polygonMesh",   "POLYGON_MESH"},
     {82,  "spotLight",     "SPOT_LIGHT"},
+    {83,  "volumeLight",   "VOLUME_LIGHT"},
 };
 // clang-format on
 

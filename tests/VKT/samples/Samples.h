@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "VKT/samples/BasicSample.h"
+#include "VKT/samples/LightSample.h"
 #include "VKT/samples/ShadingSample.h"
 
 namespace VKT::Test {
@@ -24,6 +25,7 @@ inline std::ostream& operator<<(std::ostream& out, const Sample& sample)
 
 inline constexpr Sample kSamples[] = {
     {"Basic", kBasicSample},
+    {"Light", kLightSample},
     {"Shading", kShadingSample},
 };
 
