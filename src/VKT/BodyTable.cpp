@@ -13,6 +13,7 @@ bool IsInFile(const XBodyRow& row, u32 version, bool reading)
         case XGate::kAlways:
             return true;
         case XGate::kSince:
+        case XGate::kSinceBoth:
             return version >= row.version;
         case XGate::kReadSince:
             return !reading || version >= row.version;
@@ -99,11 +100,12 @@ private:
         out << ' ';
         XWriteLimit(out, limits.upper);
     }
-    // The ids with single blanks between them and none at the end.
-    void Write(const XIndexList& ids) const
+    // The numbers with single blanks between them and none at the end.
+    template <class Number>
+    void Write(const XVector<Number>& list) const
     {
-        out << static_cast<u32>(ids.size()) << ' ';
-        out.WriteRow(ids, {"", false, ""});
+        out << static_cast<u32>(list.size()) << ' ';
+        out.WriteRow(list, {"", false, ""});
     }
 };
 
@@ -186,11 +188,12 @@ private:
         limits.upper = XReadUpperLimit(in);
         return true;
     }
-    bool Read(XIndexList& ids) const
+    template <class Number>
+    bool Read(XVector<Number>& list) const
     {
         u32 count = 0;
         in.Read(count);
-        in.ReadNumbers(ids, count);
+        in.ReadNumbers(list, count);
         return true;
     }
     bool ReadKey() const { return row.key.empty() || Expect(row.key, in, source, line); }
@@ -260,8 +263,10 @@ struct Copying {
 
 bool WriteTextBody(const XBase& node, const XBodyTable& table, XTextWriter& out)
 {
+    const u32 version = node.GetModel()->GetVersion();
     for (const XBodyRow& row : table.rows)
-        std::visit(TextWriting{node, row, out}, row.stored);
+        if (row.gate != XGate::kSinceBoth || version >= row.version)
+            std::visit(TextWriting{node, row, out}, row.stored);
     return out.IsGood();
 }
 

@@ -60,7 +60,8 @@ struct XStoredText {
 using XStored = std::variant<bool XBase::*, i32 XBase::*, u32 XBase::*, f32 XBase::*,     //
                              XVector3 XBase::*, XColour XBase::*, XQuaternion XBase::*,   //
                              XMatrix XBase::*, XLimitPair XBase::*,                       //
-                             XShaderInput XBase::*, XIndexList XBase::*,                  //
+                             XShaderInput XBase::*,                                       //
+                             XIndexList XBase::*, XIntList XBase::*, XRealList XBase::*,  //
                              XStoredNode, XStoredThree, XStoredInputId, XStoredOldInput,  //
                              XDroppedFloat, XStoredText, XStoredNodes, XStoredWord>;
 
@@ -68,6 +69,7 @@ using XStored = std::variant<bool XBase::*, i32 XBase::*, u32 XBase::*, f32 XBas
 enum class XGate : u8 {
     kAlways,
     kSince,      // from a version on: reading text, both directions of binary
+    kSinceBoth,  // the same, and writing text
     kReadSince,  // reading alone, in both forms
 };
 
@@ -122,6 +124,10 @@ constexpr XBodyRow Gated(XGate gate, u32 version, XBodyRow row)
 constexpr XBodyRow Since(u32 version, XBodyRow row)
 {
     return Gated(XGate::kSince, version, row);
+}
+constexpr XBodyRow SinceBoth(u32 version, XBodyRow row)
+{
+    return Gated(XGate::kSinceBoth, version, row);
 }
 constexpr XBodyRow ReadSince(u32 version, XBodyRow row)
 {

@@ -95,6 +95,44 @@ constexpr XPropertyRow Computed(u32 id, const char* name, u32 flags, bool (*get)
     return {id, name, Detail::kPropertyTypeOf<Value>, flags, nodeType, XPropertyAccess<Value>{get, set}};
 }
 
+// An unsigned field, or a list of such numbers, that the vocabulary has as signed.
+template <auto Member>
+constexpr XPropertyRow AsInteger(u32 id, const char* name, u32 flags = 0)
+{
+    using Stored = typename Detail::MemberOf<decltype(Member)>::Type;
+    using Node = typename Detail::MemberOf<decltype(Member)>::Node;
+    if constexpr (std::is_same_v<Stored, u32>)
+        return Computed<i32>(
+            id, name, flags,
+            [](const XBase& node, i32& value) {
+                value = static_cast<i32>(As<Node>(node).*Member);
+                return true;
+            },
+            [](XBase& node, const i32& value) {
+                As<Node>(node).*Member = static_cast<u32>(value);
+                return true;
+            });
+    else
+        return Computed<XIntList>(
+            id, name, flags,
+            [](const XBase& node, XIntList& value) {
+                const XU32Array& list = As<Node>(node).*Member;
+                value.assign(list.begin(), list.end());
+                return true;
+            },
+            [](XBase& node, const XIntList& value) {
+                (As<Node>(node).*Member).assign(value.begin(), value.end());
+                return true;
+            });
+}
+
+// A row whose type, as the vocabulary reports it, is not that of its accessors.
+constexpr XPropertyRow ReportedAs(XPropertyType type, XPropertyRow row)
+{
+    row.type = type;
+    return row;
+}
+
 // A reference to another node, held as its id. It must answer to `nodeType` (0 for any)
 // and be of the same document; null clears it.
 template <auto Member, u32 NodeType>

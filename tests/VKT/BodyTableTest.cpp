@@ -414,6 +414,68 @@ TEST_F(BodyTable, OldKeysAreCheckedLikeAllOthers)
               "Error : Expected old_shine got shine [.\\src\\VKT\\Renewed:4]\n");
 }
 
+// Lists of every number, and a row that old documents neither read nor write.
+class Listing : public XNodeClass<Listing, XBase, 1002> {
+public:
+    using XNodeClass::XNodeClass;
+
+    static XBodyTable TextBody()
+    {
+        static constexpr XBodyRow rows[] = {
+            {"\tsigned ", &Listing::integers},
+            {"\treal ", &Listing::reals},
+            SinceBoth(4, {"\tnew ", &Listing::renewed}),
+        };
+        return {".\\src\\VKT\\Listing", rows};
+    }
+    static XBodyTable BinaryBody() { return TextBody(); }
+
+    XIntList integers{-1, 2};
+    XRealList reals{0.5f, 4, 8};
+    u32 renewed = 3;
+};
+
+constexpr const char kListText[] = "\tsigned 2 -1 2\n\treal 3 0.5 4 8\n\tnew 3\n";
+constexpr const char kListBytes[] =
+    "00 00 00 00 00 00 "
+    "02 00 00 00 ff ff ff ff 02 00 00 00 "
+    "03 00 00 00 00 00 00 3f 00 00 80 40 00 00 00 41 "
+    "03 00 00 00";
+
+void ClearLists(Listing& listing)
+{
+    listing.integers.clear();
+    listing.reals.clear();
+    listing.renewed = 0;
+}
+
+TEST_F(BodyTable, ListsOfAnyNumberReadBack)
+{
+    Listing listing(&m_Model);
+    EXPECT_EQ(TextOf(listing), kListText);
+    EXPECT_EQ(Hex(BodyOf(listing)), kListBytes);
+    ClearLists(listing);
+    EXPECT_EQ(TextOf(listing), "\tsigned 0 \n\treal 0 \n\tnew 0\n");
+    EXPECT_TRUE(ReadText(listing, kListText));
+    EXPECT_EQ(TextOf(listing), kListText);
+    ClearLists(listing);
+    EXPECT_TRUE(ReadBody(listing, Bytes(kListBytes)));
+    EXPECT_EQ(TextOf(listing), kListText);
+}
+
+TEST_F(BodyTable, RowOfNewDocumentsIsInNeitherFormOfOlderOnes)
+{
+    MakeOlder();
+    Listing listing(&m_Model);
+    const std::string older = Replaced(kListText, "\tnew 3\n", "");
+    EXPECT_EQ(TextOf(listing), older);
+    EXPECT_EQ(Hex(BodyOf(listing)) + " 03 00 00 00", kListBytes);
+    ClearLists(listing);
+    EXPECT_TRUE(ReadText(listing, older));
+    EXPECT_EQ(TextOf(listing), older);
+    EXPECT_EQ(listing.renewed, 0u);
+}
+
 TEST(BodyRow, KeyIsTheLiteralWithoutItsWhiteSpace)
 {
     EXPECT_EQ(XBodyRow::KeyOf("\t\tleft\t"), "left");
