@@ -29,9 +29,11 @@ public:
     static XBodyTable BinaryBody() { return TextBody(); }
     static XPropertyTable Properties();
 
+protected:
+    XIndexList m_Affected;
+
 private:
     f32 m_EnvelopeWeight = 1.0f;
-    XIndexList m_Affected;
 };
 
 }  // namespace VKT

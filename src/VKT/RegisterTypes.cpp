@@ -2,24 +2,35 @@
 #include "VKT/AreaLight.h"
 #include "VKT/Bone.h"
 #include "VKT/Camera.h"
+#include "VKT/Cluster.h"
 #include "VKT/Deformer.h"
 #include "VKT/DirectionalLight.h"
 #include "VKT/ExtendedLight.h"
 #include "VKT/FnRegistry.h"
 #include "VKT/Geometry.h"
 #include "VKT/HwShader.h"
+#include "VKT/JiggleDeformer.h"
 #include "VKT/Joint.h"
+#include "VKT/JointCluster.h"
 #include "VKT/Lambert.h"
 #include "VKT/Light.h"
 #include "VKT/Material.h"
+#include "VKT/NonLinearBend.h"
 #include "VKT/NonLinearDeformer.h"
+#include "VKT/NonLinearFlare.h"
+#include "VKT/NonLinearSine.h"
+#include "VKT/NonLinearSquash.h"
+#include "VKT/NonLinearTwist.h"
 #include "VKT/NonLinearWave.h"
 #include "VKT/PointLight.h"
 #include "VKT/PolygonMesh.h"
+#include "VKT/SculptDeformer.h"
 #include "VKT/ShadingNode.h"
 #include "VKT/Shape.h"
 #include "VKT/SpotLight.h"
 #include "VKT/VolumeLight.h"
+#include "VKT/WireDeformer.h"
+#include "VKT/WrapDeformer.h"
 
 namespace VKT {
 namespace {
@@ -59,15 +70,26 @@ constexpr TypeRow kTypes[] = {
     Concrete<XAreaLight>("areaLight", "AREA_LIGHT"),
     Concrete<XBone>("bone", "BONE"),
     Concrete<XCamera>("camera", "CAMERA"),
+    Concrete<XCluster>("cluster", "CLUSTER"),
     Concrete<XDirectionalLight>("directionalLight", "DIRECTIONAL_LIGHT"),
     Concrete<XHwShader>("hwShader", "HW_SHADER"),
     Concrete<XJoint>("joint", "JOINT"),
+    Concrete<XJiggleDeformer>("jiggleDeformer", "JIGGLE_DEFORMER"),
+    Concrete<XJointCluster>("jointCluster", "JOINT_CLUSTER"),
     Concrete<XLambert>("lambert", "LAMBERT"),
+    Concrete<XNonLinearBend>("nonLinearBend", "NONLINEAR_BEND"),
+    Concrete<XNonLinearFlare>("nonLinearFlare", "NONLINEAR_FLARE"),
+    Concrete<XNonLinearSine>("nonLinearSine", "NONLINEAR_SINE"),
+    Concrete<XNonLinearSquash>("nonLinearSquash", "NONLINEAR_SQUASH"),
+    Concrete<XNonLinearTwist>("nonLinearTwist", "NONLINEAR_TWIST"),
     Concrete<XNonLinearWave>("nonLinearWave", "NONLINEAR_WAVE"),
     Concrete<XPointLight>("pointLight", "POINT_LIGHT"),
     Concrete<XPolygonMesh>("polygonMesh", "POLYGON_MESH"),
+    Concrete<XSculptDeformer>("sculptDeformer", "SCULPT_DEFORMER"),
     Concrete<XSpotLight>("spotLight", "SPOT_LIGHT"),
     Concrete<XVolumeLight>("volumeLight", "VOLUME_LIGHT"),
+    Concrete<XWireDeformer>("wireDeformer", "WIRE_DEFORMER"),
+    Concrete<XWrapDeformer>("wrapDeformer", "WRAP_DEFORMER"),
 };
 
 class RowInfo final : public XFnInfo {

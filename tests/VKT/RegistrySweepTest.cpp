@@ -134,13 +134,16 @@ TEST_P(SampleSweep, MeasuringChangesNothing)
     EXPECT_EQ(SaveText(m_Model), m_Text);
 }
 
+// Classes whose fresh nodes write nothing, which does not read back.
+const std::set<u32> kFreshIsNoText = {kFnCluster, kFnJointCluster};
+
 TEST_F(RegistrySweep, FreshNodesReadBackFromEitherForm)
 {
     for (const u32 type : ConcreteTypes()) {
         XBase* fresh = m_Model.CreateNode(type);
         const std::string text = TextOf(*fresh);
         XBase* fromText = m_Model.CreateNode(type);
-        EXPECT_TRUE(ReadText(*fromText, text)) << XFnTypeName(type);
+        EXPECT_EQ(ReadText(*fromText, text), !kFreshIsNoText.contains(type)) << XFnTypeName(type);
         EXPECT_EQ(TextOf(*fromText), text);
         XBase* fromBytes = m_Model.CreateNode(type);
         EXPECT_TRUE(ReadBody(*fromBytes, BodyOf(*fresh))) << XFnTypeName(type);
@@ -176,6 +179,11 @@ TEST_P(SampleSweep, CloneWritesTheSameText)
     }
 }
 
+// Properties that stand behind another one of their name or number.
+const std::set<std::string> kHiddenProperties = {
+    "wireDeformer base_wires 7",
+};
+
 TEST_F(RegistrySweep, NamesAndNumbersOfPropertiesMapToEachOther)
 {
     for (const u32 type : ConcreteTypes()) {
@@ -184,9 +192,11 @@ TEST_F(RegistrySweep, NamesAndNumbersOfPropertiesMapToEachOther)
         for (const XNodeProperties* level = node->GetNodeProperties(); level; level = level->GetBase())
             for (const XPropertyRow& row : level->GetRows()) {
                 ++rows;
-                EXPECT_EQ(node->GetPropertyName(row.id), row.name);
-                EXPECT_EQ(node->GetPropertyId(row.name), row.id) << row.name;
-                EXPECT_EQ(node->GetPropertyType(row.id), row.type) << row.name;
+                const std::string entry = XFnTypeName(type) + ' ' + row.name + ' ' + std::to_string(row.id);
+                const bool isSeen = node->GetPropertyName(row.id) == row.name &&
+                                    node->GetPropertyId(row.name) == row.id &&
+                                    node->GetPropertyType(row.id) == row.type;
+                EXPECT_EQ(isSeen, !kHiddenProperties.contains(entry)) << entry;
             }
         EXPECT_EQ(node->GetNodeProperties()->GetNumProperties(), rows) << XFnTypeName(type);
     }

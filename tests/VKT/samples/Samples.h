@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "VKT/samples/BasicSample.h"
+#include "VKT/samples/DeformerSample.h"
 #include "VKT/samples/LightSample.h"
 #include "VKT/samples/ShadingSample.h"
 
@@ -27,6 +28,7 @@ inline constexpr Sample kSamples[] = {
     {"Basic", kBasicSample},
     {"Light", kLightSample},
     {"Shading", kShadingSample},
+    {"Deformer", kDeformerSample},
 };
 
 }  // namespace VKT::Test

@@ -1,0 +1,21 @@
+#include "VKT/JointCluster.h"
+
+namespace VKT {
+
+bool XJointCluster::ReadChunk(XTextReader& in)
+{
+    return XPointCluster::ReadChunk(in) && ReadPoints(in, ".\\src\\VKT\\JointCluster");
+}
+
+// Kept on purpose: the vocabulary calls all three float arrays.
+XPropertyTable XJointCluster::Properties()
+{
+    static constexpr XPropertyRow rows[] = {
+        Field<&XJointCluster::m_Weights>(3, "weights"),
+        ReportedAs(kPropertyFloatArray, AsInteger<&XJointCluster::m_Points>(4, "indices")),
+        ReportedAs(kPropertyFloatArray, NodeField<&XJointCluster::m_JointId, kFnBone>(5, "influence_joint")),
+    };
+    return rows;
+}
+
+}  // namespace VKT
