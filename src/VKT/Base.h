@@ -148,10 +148,16 @@ T* XCast(XBase* node)
 {
     return node ? static_cast<T*>(node->HasFn(T::kType)) : nullptr;
 }
+// By way of the other form of `HasFn`: the const one of some classes knows less.
 template <class T>
 const T* XCast(const XBase* node)
 {
-    return node ? static_cast<const T*>(node->HasFn(T::kType)) : nullptr;
+    return XCast<T>(const_cast<XBase*>(node));
+}
+// Whether a node is of a class or of one below it, as `XCast` has it.
+inline bool IsOfType(const XBase& node, u32 type)
+{
+    return const_cast<XBase&>(node).HasFn(type) != nullptr;
 }
 
 }  // namespace VKT

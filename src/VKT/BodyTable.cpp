@@ -17,8 +17,16 @@ bool IsInFile(const XBodyRow& row, u32 version, bool reading)
             return version >= row.version;
         case XGate::kReadSince:
             return !reading || version >= row.version;
+        case XGate::kBelow:
+            return version < row.version;
     }
     return true;
+}
+
+// A text file that is written holds what its version does and nothing that older ones had.
+bool IsWritten(const XBodyRow& row, u32 version)
+{
+    return row.gate != XGate::kBelow && (row.gate != XGate::kSinceBoth || version >= row.version);
 }
 
 void Write(XTextWriter& out, const XVector3& v)
@@ -77,6 +85,20 @@ struct TextWriting {
         const XShaderInput& input = node.*stored.member;
         out << '\t' << input.name << ' ' << input.input << '\n';
     }
+    void operator()(XStoredFirst stored) const { out << row.before << (node.*stored.member).x << row.after; }
+    void operator()(XStoredList stored) const
+    {
+        std::visit(
+            [&](auto member) {
+                const auto& list = node.*member;
+                out << row.before << static_cast<u32>(list.size()) << '\n';
+                if (stored.oneLine)
+                    out.WriteRow(list, {"\t\t", true});
+                else
+                    out.WriteRows(list, 1, {"\t\t"});
+            },
+            stored.member);
+    }
     void operator()(XStoredText stored) const
     {
         out << row.before;
@@ -94,6 +116,8 @@ private:
         else
             VKT::Write(out, value);
     }
+    void Write(u8 value) const { out << u32{value}; }
+    void Write(u16 value) const { out << u32{value}; }
     void Write(const XLimitPair& limits) const
     {
         XWriteLimit(out, limits.lower);
@@ -154,6 +178,11 @@ struct TextReading {
         XShaderInput& input = stored.member ? node.*stored.member : dropped;
         return ReadKey() && Read(input.colour) && Expect("tex", in, source, line) && Read(input.input);
     }
+    bool operator()(XStoredFirst stored) const { return ReadKey() && Read((node.*stored.member).x); }
+    bool operator()(XStoredList stored) const
+    {
+        return ReadKey() && std::visit([&](auto member) { return Read(node.*member); }, stored.member);
+    }
     bool operator()(XDroppedFloat) const
     {
         f32 dropped = 0;
@@ -170,6 +199,17 @@ private:
             in.Read(value);
         else
             ReadFloats(value);
+        return true;
+    }
+    bool Read(u8& value) const { return ReadNarrow(value); }
+    bool Read(u16& value) const { return ReadNarrow(value); }
+    // What a number says beyond the width of the field is cut off.
+    template <class Number>
+    bool ReadNarrow(Number& value) const
+    {
+        u32 wide = 0;
+        in.Read(wide);
+        value = static_cast<Number>(wide);
         return true;
     }
     void ReadFloats(XVector3& v) const
@@ -226,6 +266,8 @@ struct BinaryTransfer {
             input.name = stored.name;
         return true;
     }
+    bool operator()(XStoredFirst stored) const { return file.DoData((node.*stored.member).x) != 0; }
+    bool operator()(XStoredList stored) const { return std::visit(*this, stored.member); }
     bool operator()(XDroppedFloat) const
     {
         f32 dropped = 0;
@@ -254,6 +296,8 @@ struct Copying {
     void operator()(XStoredThree stored) const { (*this)(stored.member); }
     void operator()(XStoredWord stored) const { (*this)(stored.member); }
     void operator()(XStoredInputId stored) const { (*this)(stored.member); }
+    void operator()(XStoredFirst stored) const { (*this)(stored.member); }
+    void operator()(XStoredList stored) const { std::visit(*this, stored.member); }
     void operator()(XStoredOldInput) const {}
     void operator()(XDroppedFloat) const {}
     void operator()(XStoredText) const {}
@@ -265,7 +309,7 @@ bool WriteTextBody(const XBase& node, const XBodyTable& table, XTextWriter& out)
 {
     const u32 version = node.GetModel()->GetVersion();
     for (const XBodyRow& row : table.rows)
-        if (row.gate != XGate::kSinceBoth || version >= row.version)
+        if (IsWritten(row, version))
             std::visit(TextWriting{node, row, out}, row.stored);
     return out.IsGood();
 }

@@ -49,6 +49,15 @@ struct XStoredOldInput {
     XShaderInput XBase::*member;
     const char* name;
 };
+struct XStoredFirst {  // x alone: what older files hold of a vector
+    XVector3 XBase::*member;
+};
+// A list of numbers: in text its count, and below it a line with a blank behind each
+// number, or a line for each number.
+struct XStoredList {
+    std::variant<XIndexList XBase::*, XRealList XBase::*> member;
+    bool oneLine;
+};
 struct XDroppedFloat {};  // four bytes, or a number, without a meaning any more
 // A field with a text form of its own. The writer puts out everything behind the row's
 // literal, the reader takes over behind the key.
@@ -57,13 +66,15 @@ struct XStoredText {
     bool (*read)(XBase& node, XTextReader& in);
 };
 
-using XStored = std::variant<bool XBase::*, i32 XBase::*, u32 XBase::*, f32 XBase::*,     //
+using XStored = std::variant<bool XBase::*, u8 XBase::*, u16 XBase::*,                    //
+                             i32 XBase::*, u32 XBase::*, f32 XBase::*,                    //
                              XVector3 XBase::*, XColour XBase::*, XQuaternion XBase::*,   //
                              XMatrix XBase::*, XLimitPair XBase::*,                       //
                              XShaderInput XBase::*,                                       //
                              XIndexList XBase::*, XIntList XBase::*, XRealList XBase::*,  //
                              XStoredNode, XStoredThree, XStoredInputId, XStoredOldInput,  //
-                             XDroppedFloat, XStoredText, XStoredNodes, XStoredWord>;
+                             XDroppedFloat, XStoredText, XStoredNodes, XStoredWord,       //
+                             XStoredFirst, XStoredList>;
 
 // Which files hold a row.
 enum class XGate : u8 {
@@ -71,6 +82,7 @@ enum class XGate : u8 {
     kSince,      // from a version on: reading text, both directions of binary
     kSinceBoth,  // the same, and writing text
     kReadSince,  // reading alone, in both forms
+    kBelow,      // up to a version: as kSince, and text never holds it when written
 };
 
 // Any member of any node class, seen from XBase: one table type for all classes and one
@@ -133,6 +145,10 @@ constexpr XBodyRow ReadSince(u32 version, XBodyRow row)
 {
     return Gated(XGate::kReadSince, version, row);
 }
+constexpr XBodyRow Below(u32 version, XBodyRow row)
+{
+    return Gated(XGate::kBelow, version, row);
+}
 template <class Node>
 constexpr XStored NodeId(u32 Node::*member)
 {
@@ -153,6 +169,21 @@ constexpr XStored Word(u32 Node::*member, XWordList words,
                        void (*unknown)(XBase& node, const XString& word) = nullptr)
 {
     return XStoredWord{Seen(member), words, unknown};
+}
+template <class Node>
+constexpr XStored FirstOf(XVector3 Node::*member)
+{
+    return XStoredFirst{Seen(member)};
+}
+template <class List, class Node>
+constexpr XStored InOneLine(List Node::*member)
+{
+    return XStoredList{Seen(member), true};
+}
+template <class List, class Node>
+constexpr XStored LinePerNumber(List Node::*member)
+{
+    return XStoredList{Seen(member), false};
 }
 template <class Node>
 constexpr XStored InputId(XShaderInput Node::*member)

@@ -36,7 +36,7 @@ constexpr u64 kMostPadding = 1 << 24;
 std::size_t GroupOf(const XBase& node)
 {
     std::size_t group = 0;
-    while (group < kGroups.size() && !node.HasFn(kGroups[group].type))
+    while (group < kGroups.size() && !IsOfType(node, kGroups[group].type))
         ++group;
     return group;
 }

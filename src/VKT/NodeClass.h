@@ -30,6 +30,9 @@ inline constexpr bool kIsSame<Function, Function> = true;
 // class first. A table that a class does not declare adds nothing. A class overrides an
 // operation for what tables can't say, and calls the one from here at its place.
 //
+// A class whose total of properties is not the sum of its rows declares it as
+// `kNumProperties`.
+//
 // A class whose body was another one altogether in older files declares `OldTextBody`
 // and `OldBinaryBody`: they replace the whole chain while such a file is read.
 template <class Self, class Base, u32 Type>
@@ -49,7 +52,8 @@ public:
         if constexpr (kIsSame<&Self::Properties, &Base::Properties>) {
             return Base::ClassProperties();
         } else {
-            static const XNodeProperties properties(Type, Self::Properties(), Base::ClassProperties());
+            static const XNodeProperties properties(Type, Self::Properties(), Base::ClassProperties(),
+                                                    Total());
             return &properties;
         }
     }
@@ -83,6 +87,16 @@ public:
         Base::DoCopy(source);
         if constexpr (!kIsSame<&Self::BinaryBody, &Base::BinaryBody>)
             CopyBody(*this, *other, Self::BinaryBody());
+    }
+
+private:
+    // What the class reports as the number of its properties; 0 for the sum of the rows.
+    static constexpr u32 Total()
+    {
+        if constexpr (requires { Self::kNumProperties; })
+            return Self::kNumProperties;
+        else
+            return 0;
     }
 
 protected:

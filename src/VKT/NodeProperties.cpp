@@ -1,5 +1,6 @@
 #include "VKT/NodeProperties.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "VKT/Model.h"
@@ -15,7 +16,26 @@ XBase* Detail::FindNode(const XBase& node, u32 id, u32 type)
 
 bool Detail::Accepts(const XBase& node, const XBase* value, u32 type)
 {
-    return !value || (value->GetModel() == node.GetModel() && value->HasFn(type));
+    return !value || (value->GetModel() == node.GetModel() && IsOfType(*value, type));
+}
+
+void Detail::ListNodes(const XBase& node, const XIndexList& ids, u32 type, XNodeList& out)
+{
+    out.clear();
+    for (const u32 id : ids)
+        if (XBase* found = FindNode(node, id, type))
+            out.push_back(found);
+}
+
+bool Detail::ListIds(const XBase& node, const XNodeList& nodes, u32 type, XIndexList& ids)
+{
+    if (std::any_of(nodes.begin(), nodes.end(),
+                    [&](const XBase* value) { return !value || !Accepts(node, value, type); }))
+        return false;
+    ids.resize(nodes.size());
+    std::transform(nodes.begin(), nodes.end(), ids.begin(),
+                   [](const XBase* value) { return value->GetID(); });
+    return true;
 }
 
 const XNodeProperties* XNodeProperties::Empty()
@@ -38,7 +58,7 @@ const XPropertyRow* XNodeProperties::Find(u32 id) const
 template <class T>
 bool XNodeProperties::Get(const XBase* node, u32 id, T& value) const
 {
-    if (!node || !node->HasFn(m_Type))
+    if (!node || !IsOfType(*node, m_Type))
         return false;
     for (const XPropertyRow& row : m_Rows)
         if (row.id == id)

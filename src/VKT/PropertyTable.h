@@ -52,6 +52,10 @@ inline constexpr XPropertyType kPropertyTypeOf<XNodeList> = kPropertyNodeArray;
 XBase* FindNode(const XBase& node, u32 id, u32 type);
 // Whether a property of `node` that asks for `type` takes `value`, which may be null.
 bool Accepts(const XBase& node, const XBase* value, u32 type);
+// The nodes of those ids that the document of `node` holds and that answer to `type`.
+void ListNodes(const XBase& node, const XIndexList& ids, u32 type, XNodeList& out);
+// The ids of `nodes`. False, and `ids` as it was, when one of them is null or not accepted.
+bool ListIds(const XBase& node, const XNodeList& nodes, u32 type, XIndexList& ids);
 
 }  // namespace Detail
 
@@ -150,6 +154,24 @@ constexpr XPropertyRow NodeField(u32 id, const char* name, u32 flags = 0)
                 return false;
             As<Node>(node).*Member = value ? value->GetID() : 0;
             return true;
+        },
+        NodeType);
+}
+
+// References to other nodes, held as their ids; each as with `NodeField`, and none null.
+// Those that the document no longer holds are left out of what is read.
+template <auto Member, u32 NodeType>
+constexpr XPropertyRow NodeListField(u32 id, const char* name, u32 flags = 0)
+{
+    using Node = typename Detail::MemberOf<decltype(Member)>::Node;
+    return Computed<XNodeList>(
+        id, name, flags,
+        [](const XBase& node, XNodeList& value) {
+            Detail::ListNodes(node, As<Node>(node).*Member, NodeType, value);
+            return true;
+        },
+        [](XBase& node, const XNodeList& value) {
+            return Detail::ListIds(node, value, NodeType, As<Node>(node).*Member);
         },
         NodeType);
 }

@@ -33,9 +33,16 @@ public:
             InputId(&Record::connected),
             {"\tnode ", NodeId(&Record::node)},
             {"\tids ", &Record::ids},
+            {"\tbyte ", &Record::byte},
+            {"\tshort ", &Record::narrow},
+            {"\tkind ", Word(&Record::kind, kKinds, UnknownKind)},
+            {"\tline ", InOneLine(&Record::line)},
+            {"\tcolumn ", LinePerNumber(&Record::column)},
             {"\tword ", XStoredText{WriteWord, ReadWord}},
             Since(4, {"\tlater ", &Record::later}),
             ReadSince(4, {"\tread_later ", &Record::readLater}),
+            Below(4, {"\tearlier ", FirstOf(&Record::grown)}),
+            Since(4, {"\tgrown ", &Record::grown}),
         };
         return {".\\src\\VKT\\Record", rows};
     }
@@ -57,8 +64,15 @@ public:
             InputId(&Record::connected),
             NodeId(&Record::node),
             &Record::ids,
+            &Record::byte,
+            &Record::narrow,
+            Word(&Record::kind, kKinds, UnknownKind),
+            InOneLine(&Record::line),
+            LinePerNumber(&Record::column),
             Since(4, &Record::later),
             ReadSince(4, &Record::readLater),
+            Below(4, FirstOf(&Record::grown)),
+            Since(4, &Record::grown),
         };
         return {".\\src\\VKT\\Record", rows};
     }
@@ -70,6 +84,12 @@ public:
     static bool ReadWord(XBase& node, XTextReader& in)
     {
         return in.ReadToken(static_cast<Record&>(node).word);
+    }
+
+    static constexpr const char* kKinds[] = {"NONE", "SOME", "ALL"};
+    static void UnknownKind(XBase&, const XString& word)
+    {
+        GetLogger()->LogFormat(kWarning, "no kind %s", word.c_str());
     }
 
     bool flag = false;
@@ -87,9 +107,15 @@ public:
     XShaderInput connected{"bump"};
     u32 node = 0;
     XIndexList ids;
+    u8 byte = 0;
+    u16 narrow = 0;
+    u32 kind = 0;
+    XRealList line;
+    XIndexList column;
     XString word = "nothing";
     f32 later = 0;
     f32 readLater = 0;
+    XVector3 grown{};
 };
 
 void Fill(Record& record)
@@ -111,9 +137,15 @@ void Fill(Record& record)
     record.connected.input = 44;
     record.node = 45;
     record.ids = {46, 47};
+    record.byte = 200;
+    record.narrow = 60000;
+    record.kind = 2;
+    record.line = {51, 52.5f};
+    record.column = {53, 54};
     record.word = "fortyeight";
     record.later = 49;
     record.readLater = 50;
+    record.grown = {55, 56, 57, 0};
 }
 
 constexpr const char kFilledText[] =
@@ -135,9 +167,18 @@ constexpr const char kFilledText[] =
     "\tbump 44\n"
     "\tnode 45\n"
     "\tids 2 46 47\n"
+    "\tbyte 200\n"
+    "\tshort 60000\n"
+    "\tkind ALL\n"
+    "\tline 2\n"
+    "\t\t51 52.5 \n"
+    "\tcolumn 2\n"
+    "\t\t53\n"
+    "\t\t54\n"
     "\tword fortyeight\n"
     "\tlater 49\n"
-    "\tread_later 50\n";
+    "\tread_later 50\n"
+    "\tgrown 55 56 57\n";
 
 constexpr const char kFilledBytes[] =
     "00 00 00 00 00 00 "        // no name, id 0
@@ -157,7 +198,11 @@ constexpr const char kFilledBytes[] =
     "2c 00 00 00 "  // the connected node alone
     "2d 00 00 00 "
     "02 00 00 00 2e 00 00 00 2f 00 00 00 "
-    "00 00 44 42 00 00 48 42";
+    "c8 60 ea 02 00 00 00 "  // byte, short, kind
+    "02 00 00 00 00 00 4c 42 00 00 52 42 "
+    "02 00 00 00 35 00 00 00 36 00 00 00 "
+    "00 00 44 42 00 00 48 42 "
+    "00 00 5c 42 00 00 60 42 00 00 64 42";
 
 class BodyTable : public NodeTest {};
 
@@ -255,18 +300,46 @@ TEST_F(BodyTable, NumberThatIsNoneIsSeenAtTheNextKey)
     EXPECT_EQ(m_Log.Text(), "Error : Expected count got  [.\\src\\VKT\\Record:3]\n");
 }
 
+TEST_F(BodyTable, WordOutsideTheTableIsToldAndLeavesTheValue)
+{
+    Record record(&m_Model);
+    record.kind = 1;
+    EXPECT_TRUE(ReadText(record, Replaced(kFilledText, "kind ALL", "kind all")));
+    EXPECT_EQ(m_Log.Text(), "Warning : no kind all\n");
+    EXPECT_EQ(record.kind, 1u);
+    record.kind = 3;
+    EXPECT_EQ(TextOf(record), Replaced(kFilledText, "kind ALL", "kind NONE"));
+    m_Log.Clear();
+    EXPECT_FALSE(ReadText(record, std::string(kFilledText).substr(0, std::string(kFilledText).find("ALL"))));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected line got  [.\\src\\VKT\\Record:19]\n");
+}
+
+TEST_F(BodyTable, NumberBeyondTheWidthOfItsFieldIsCut)
+{
+    Record record(&m_Model);
+    EXPECT_TRUE(ReadText(record, Replaced(Replaced(kFilledText, "byte 200", "byte 258"), "60000", "65539")));
+    EXPECT_EQ(record.byte, 2u);
+    EXPECT_EQ(record.narrow, 3u);
+}
+
+TEST_F(BodyTable, EmptyListsHaveTheirLines)
+{
+    Record record(&m_Model);
+    EXPECT_NE(TextOf(record).find("\tline 0\n\t\t\n\tcolumn 0\n\tword"), std::string::npos);
+}
+
 TEST_F(BodyTable, ListThatClaimsTooMuchIsSeenAtTheNextKeyAndTakesNoMemory)
 {
     Record record(&m_Model);
     EXPECT_FALSE(ReadText(record, Replaced(kFilledText, "ids 2", "ids 4294967295")));
-    EXPECT_EQ(m_Log.Text(), "Error : Expected word got  [.\\src\\VKT\\Record:16]\n");
+    EXPECT_EQ(m_Log.Text(), "Error : Expected byte got  [.\\src\\VKT\\Record:16]\n");
     EXPECT_LT(record.ids.capacity(), 100u);
 }
 
 TEST_F(BodyTable, LastNumberThatIsNoneFailsWithoutAMessage)
 {
     Record record(&m_Model);
-    EXPECT_FALSE(ReadText(record, Replaced(kFilledText, "read_later 50", "read_later ?")));
+    EXPECT_FALSE(ReadText(record, Replaced(kFilledText, "grown 55 56 57", "grown 55 56 ?")));
     EXPECT_EQ(m_Log.Text(), "");
 }
 
@@ -274,20 +347,21 @@ TEST_F(BodyTable, OlderTextLacksGatedRowsButIsWrittenWithThem)
 {
     MakeOlder();
     Record record(&m_Model);
-    const std::string older = Replaced(kFilledText, "\tlater 49\n\tread_later 50\n", "");
-    EXPECT_TRUE(ReadText(record, older));
-    EXPECT_EQ(TextOf(record), older + "\tlater 0\n\tread_later 0\n");
+    const std::string later = "\tlater 49\n\tread_later 50\n\tgrown 55 56 57\n";
+    EXPECT_TRUE(ReadText(record, Replaced(kFilledText, later, "\tearlier 58\n")));
+    EXPECT_EQ(TextOf(record), Replaced(kFilledText, later, "\tlater 0\n\tread_later 0\n\tgrown 58 0 0\n"));
 }
 
 TEST_F(BodyTable, OlderBytesLackGatedRowsAndReadGatesLeaveWritesAlone)
 {
     MakeOlder();
     Record record(&m_Model);
-    const std::string older = Replaced(kFilledBytes, "00 00 44 42 00 00 48 42", "");
-    EXPECT_TRUE(ReadBody(record, Bytes(older)));
+    const std::string later = "00 00 44 42 00 00 48 42 00 00 5c 42 00 00 60 42 00 00 64 42";
+    EXPECT_TRUE(ReadBody(record, Bytes(Replaced(kFilledBytes, later, "00 00 68 42"))));
     EXPECT_EQ(record.later, 0.0f);
+    EXPECT_EQ(record.grown, (XVector3{58, 0, 0, 0}));
     record.readLater = 50;
-    EXPECT_EQ(Hex(BodyOf(record)), Replaced(kFilledBytes, "00 00 44 42 ", ""));
+    EXPECT_EQ(Hex(BodyOf(record)), Replaced(kFilledBytes, later, "00 00 48 42 00 00 68 42"));
 }
 
 TEST_F(BodyTable, MeasureIsThatOfASaveWhateverTheVersion)
@@ -312,7 +386,7 @@ TEST_F(BodyTable, EveryCutOfTheBytesFails)
 TEST_F(BodyTable, EveryCutOfTheTextFailsUpToItsLastNumber)
 {
     const std::string text = kFilledText;
-    for (std::size_t length = 0; length < text.find("50"); ++length) {
+    for (std::size_t length = 0; length < text.find("57"); ++length) {
         Record record(&m_Model);
         EXPECT_FALSE(ReadText(record, text.substr(0, length))) << length;
     }
