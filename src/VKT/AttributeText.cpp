@@ -306,7 +306,7 @@ void XAttribute::WriteConnections(XTextWriter& out, const XModel& model) const
         const u32 element = inputIsNext ? (*input)->m_Index : (*output)->m_Index;
         out << "\t\tATTR " << NameAsToken(m_Name) << ' ' << element << "\n\t\t{\n\t\t\tinput ";
         if (inputIsNext)
-            out << (*input)->m_Node << ' ' << NameAsToken((*input)->m_Attribute) << '\n';
+            out << XNodeId{(*input)->m_Node} << ' ' << NameAsToken((*input)->m_Attribute) << '\n';
         else
             out << "0\n";
         const auto isOther = [=](const XConnection* connection) { return connection->m_Index != element; };
@@ -314,7 +314,7 @@ void XAttribute::WriteConnections(XTextWriter& out, const XModel& model) const
         const auto end = std::find_if(output, outputs.end(), isOther);
         out << "\t\t\toutput " << static_cast<u32>(end - output) << '\n';
         for (; output != end; ++output)
-            out << "\t\t\t\t" << (model.HasNode((*output)->m_Node) ? (*output)->m_Node : 0u) << ' '
+            out << "\t\t\t\t" << XNodeId{model.HasNode((*output)->m_Node) ? (*output)->m_Node : 0u} << ' '
                 << NameAsToken((*output)->m_Attribute) << '\n';
         out << "\t\t}\n";
     }

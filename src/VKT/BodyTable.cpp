@@ -67,10 +67,19 @@ struct TextWriting {
         const XShaderInput& input = node.*member;
         out << '\t' << input.name << ' ';
         VKT::Write(out, input.colour);
-        out << " input " << input.input << '\n';
+        out << " input " << XNodeId{input.input} << '\n';
     }
-    void operator()(XStoredNode stored) const { (*this)(stored.member); }
-    void operator()(XStoredNodes stored) const { (*this)(stored.member); }
+    void operator()(XStoredNode stored) const
+    {
+        out << row.before << XNodeId{node.*stored.member} << row.after;
+    }
+    void operator()(XStoredNodes stored) const
+    {
+        const XIndexList& ids = node.*stored.member;
+        out << row.before << static_cast<u32>(ids.size()) << ' ';
+        out.WriteIds(ids, {"", false, ""});
+        out << row.after;
+    }
     void operator()(XStoredThree stored) const
     {
         const XColour& c = node.*stored.member;
@@ -83,7 +92,7 @@ struct TextWriting {
     void operator()(XStoredInputId stored) const
     {
         const XShaderInput& input = node.*stored.member;
-        out << '\t' << input.name << ' ' << input.input << '\n';
+        out << '\t' << input.name << ' ' << XNodeId{input.input} << '\n';
     }
     void operator()(XStoredFirst stored) const { out << row.before << (node.*stored.member).x << row.after; }
     void operator()(XStoredList stored) const

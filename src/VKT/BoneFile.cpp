@@ -54,7 +54,7 @@ void WriteChildren(const XBase& node, XTextWriter& out)
     const XIndexList& children = As<XBone>(node).GetChildIds();
     out << static_cast<u32>(children.size()) << '\n';
     if (!children.empty())
-        out.WriteRow(children, {"\t\t", true});
+        out.WriteIds(children, {"\t\t", true});
 }
 
 }  // namespace

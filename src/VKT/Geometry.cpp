@@ -96,7 +96,7 @@ bool XGeometry::WriteChunk(XTextWriter& out) const
     if (SavesDeformers(*this)) {
         out << static_cast<u32>(m_DeformerQueue.size());
         for (const u32 id : m_DeformerQueue)
-            out << ' ' << id;
+            out << ' ' << XNodeId{id};
         out << '\n';
     } else {
         out << "0\n";

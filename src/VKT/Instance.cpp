@@ -99,16 +99,16 @@ void XInstance::CopyBindings(const XInstance& source)
 
 bool XInstance::Write(XTextWriter& out) const
 {
-    out << "\t\tINSTANCE " << NameAsToken(m_Name) << " {\n\t\t\tobject_id " << m_Object << '\n';
+    out << "\t\tINSTANCE " << NameAsToken(m_Name) << " {\n\t\t\tobject_id " << XNodeId{m_Object} << '\n';
     out << "\t\t\tnum_uv_sets " << static_cast<u32>(m_UvSets.size()) << '\n';
     for (const auto& uvSet : m_UvSets)
-        out << "\t\t\t\t" << uvSet->m_Texture << ' ' << NameAsToken(uvSet->m_SetName) << '\n';
+        out << "\t\t\t\t" << XNodeId{uvSet->m_Texture} << ' ' << NameAsToken(uvSet->m_SetName) << '\n';
     if (SavesMaterials(*this)) {
         if (m_Material != 0) {
-            out << "\t\t\tmaterial " << m_Material << '\n';
+            out << "\t\t\tmaterial " << XNodeId{m_Material} << '\n';
         } else {
             for (const auto& group : m_MaterialGroups) {
-                out << "\t\t\tMATERIAL_GROUP {\n\t\t\t\tmaterial_id " << group->m_Material;
+                out << "\t\t\tMATERIAL_GROUP {\n\t\t\t\tmaterial_id " << XNodeId{group->m_Material};
                 out << "\n\t\t\t\tnum_face_indices " << static_cast<u32>(group->m_Faces.size()) << '\n';
                 out.WriteRow(group->m_Faces, {"\t\t\t\t\t", true});
                 out << "\t\t\t}\n";

@@ -135,6 +135,11 @@ char* PrintGeneral(char* out, f32 value)
     return std::to_chars(out, out + kPrintRoom, value, std::chars_format::general, 6).ptr;
 }
 
+char* PrintExact(char* out, f32 value)
+{
+    return std::to_chars(out, out + kPrintRoom, value).ptr;
+}
+
 constexpr std::array<u32, 10000> kFourDigits = MakeFourDigits();
 
 // clang-format off

@@ -270,6 +270,8 @@ extern const std::array<XDecimalExponent, 34> kDecimalExponents;
 
 // The general path, for all floats.
 char* PrintGeneral(char* out, f32 value);
+// The fewest digits that read back as this float, where `Print` rounds to six.
+char* PrintExact(char* out, f32 value);
 
 inline char* Print(char* out, f32 value)
 {

@@ -13,6 +13,15 @@ namespace {
 
 constexpr std::size_t kWindowSize = 64 * 1024;
 
+template <class T>
+char* Print(char* out, T value, bool exact)
+{
+    if constexpr (std::is_same_v<T, f32>)
+        if (exact)
+            return NumberText::PrintExact(out, value);
+    return NumberText::Print(out, value);
+}
+
 }  // namespace
 
 XTextWriter::XTextWriter()
@@ -110,7 +119,7 @@ XTextWriter& XTextWriter::PrintNumber(T value)
 {
     if (Room() < NumberText::kPrintRoom)
         HandOn();
-    m_Cursor = NumberText::Print(m_Cursor, value);
+    m_Cursor = Print(m_Cursor, value, IsDescribing());
     return *this;
 }
 
@@ -134,12 +143,18 @@ XTextWriter& XTextWriter::operator<<(f32 value)
     return PrintNumber(value);
 }
 
+XTextWriter& XTextWriter::operator<<(XNodeId node)
+{
+    return IsDescribing() ? *this << m_NameOf(node.id) : *this << node.id;
+}
+
 // `stride` is from row to row.
 template <class T>
 void XTextWriter::PrintRows(const T* values, std::size_t rows, std::size_t columns, std::size_t stride,
                             const XRowFormat& format)
 {
     const XRowFormat f = format;  // the output may not alias it
+    const bool exact = IsDescribing();
     const auto append = [](char* out, const XRowFormat::Piece& piece) {
         std::memcpy(out, piece.text, sizeof piece.text);
         return out + piece.size;
@@ -160,7 +175,7 @@ void XTextWriter::PrintRows(const T* values, std::size_t rows, std::size_t colum
         out = append(out, f.m_Before);
         for (std::size_t i = 0; i < columns; ++i) {
             makeRoom();
-            out = NumberText::Print(out, values[i]);
+            out = Print(out, values[i], exact);
             *out++ = ' ';
         }
         out -= columns > 0 && !f.m_BlankAtEnd;
@@ -193,6 +208,21 @@ void XTextWriter::WriteRow(std::span<const i32> values, const XRowFormat& format
 void XTextWriter::WriteRow(std::span<const u32> values, const XRowFormat& format)
 {
     PrintRows(values.data(), 1, values.size(), 0, format);
+}
+
+void XTextWriter::WriteIds(std::span<const u32> ids, const XRowFormat& format)
+{
+    if (!IsDescribing()) {
+        WriteRow(ids, format);
+        return;
+    }
+    *this << format.m_Before.Text();
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        *this << XNodeId{ids[i]};
+        if (i + 1 < ids.size() || format.m_BlankAtEnd)
+            *this << ' ';
+    }
+    *this << format.m_After.Text();
 }
 
 void XTextWriter::WriteRows(std::span<const f32> values, std::size_t columns, const XRowFormat& format)

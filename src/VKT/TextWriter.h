@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <concepts>
 #include <cstdio>
+#include <functional>
 #include <iosfwd>
 #include <memory>
 #include <span>
@@ -31,12 +32,19 @@ private:
         {
             std::copy_n(from.data(), size, text);
         }
+        std::string_view Text() const { return {text, size}; }
         char text[16] = {};
         std::size_t size;
     };
     Piece m_Before;
     Piece m_After;
     bool m_BlankAtEnd;
+};
+
+// The id of a node, where a text refers to it: `out << XNodeId{id}`. Bodies write ids as
+// such, or as lists by `WriteIds`, so that a comparison can tell them from other numbers.
+struct XNodeId {
+    u32 id;
 };
 
 // The text stream that scene files are written to. Numbers come out as a standard output
@@ -62,6 +70,10 @@ public:
     // Hands everything on to the file or stream and flushes that. False when any byte so
     // far could not be written.
     bool Flush();
+    // Writes for who compares documents instead of for a file: floats with all digits that
+    // tell them apart, and ids of nodes as what `nameOf` answers for them.
+    void Describe(std::function<XString(u32 id)> nameOf) { m_NameOf = std::move(nameOf); }
+
     // What was written so far, of a writer without file and stream.
     const XString& Text();
     // The same, and the writer starts anew.
@@ -75,12 +87,14 @@ public:
     XTextWriter& operator<<(f32 value);
     // A template, so that no pointer turns into a bool.
     XTextWriter& operator<<(std::same_as<bool> auto value) { return *this << (value ? '1' : '0'); }
+    XTextWriter& operator<<(XNodeId node);
 
     // One row of numbers. The format is that of every row of a table, so that an empty
     // row is `before` and `after`.
     void WriteRow(std::span<const f32> values, const XRowFormat& format);
     void WriteRow(std::span<const i32> values, const XRowFormat& format);
     void WriteRow(std::span<const u32> values, const XRowFormat& format);
+    void WriteIds(std::span<const u32> ids, const XRowFormat& format);
 
     // A table of numbers in rows of `columns`, the last of which may be shorter.
     void WriteRows(std::span<const f32> values, std::size_t columns, const XRowFormat& format);
@@ -90,6 +104,7 @@ public:
     void WriteRows(std::span<const XVector3> values, const XRowFormat& format);
 
 private:
+    bool IsDescribing() const { return m_NameOf != nullptr; }
     std::size_t Room() const { return static_cast<std::size_t>(m_End - m_Cursor); }
     void HandOn();
     void Deliver(std::string_view text);
@@ -104,6 +119,7 @@ private:
     std::FILE* m_File = nullptr;
     std::ostream* m_Stream = nullptr;
     XString m_Text;
+    std::function<XString(u32)> m_NameOf;
     bool m_Failed = false;
 
     // The window: written are the characters from its begin to m_Cursor.

@@ -233,6 +233,39 @@ TEST_P(SampleSweep, DeathOfAnyOtherNodeIsTakenByEveryNode)
         EXPECT_EQ(node->GetDataSize(), 8 + BodyOf(*node).size());
 }
 
+// The ids that the text of a node names as such.
+std::set<u32> IdsIn(const XBase& node)
+{
+    std::set<u32> ids;
+    XTextWriter out;
+    out.Describe([&ids](u32 id) {
+        ids.insert(id);
+        return XString();
+    });
+    node.WriteChunk(out);
+    return ids;
+}
+
+// A text that changes when a node dies has held that node's id.
+TEST_P(SampleSweep, IdsAreWrittenAsIds)
+{
+    const std::size_t count = Nodes().size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::set<u32> written = IdsIn(*Nodes()[i]);
+        const std::string text = TextOf(*Nodes()[i]);
+        for (u32 id = 0; id < 120; ++id) {
+            if (written.contains(id))
+                continue;
+            XModel model;
+            LoadText(model, m_Text);
+            XNodeList nodes;
+            model.List(nodes, kFnBase);
+            nodes[i]->NodeDeath(id);
+            EXPECT_EQ(TextOf(*nodes[i]), text) << nodes[i]->GetName() << ' ' << id;
+        }
+    }
+}
+
 // Whatever comes of a damaged file, it is an answer, and what came can be saved.
 void ExpectAnswer(const std::string& file)
 {

@@ -246,4 +246,34 @@ TEST(TextWriter, FailureSticks)
     }
 }
 
+TEST(TextWriter, DescribesIdsByTheNamesThatItIsTold)
+{
+    XTextWriter out;
+    const u32 ids[] = {7, 0, 8};
+    out << XNodeId{7} << '\n';
+    out.WriteIds(ids, {"\t", true});
+    out.Describe([](u32 id) { return id == 0 ? XString("none") : XString(id, '#'); });
+    out << XNodeId{7} << ' ' << u32{7} << '\n';
+    out.WriteIds(ids, {"\t", true});
+    out.WriteIds(ids, {"\t"});
+    out.WriteIds({}, {"\t"});
+    EXPECT_EQ(out.Text(),
+              "7\n"
+              "\t7 0 8 \n"
+              "####### 7\n"
+              "\t####### none ######## \n"
+              "\t####### none ########\n"
+              "\t\n");
+}
+
+TEST(TextWriter, DescribesFloatsWithAllTheirDigits)
+{
+    XTextWriter out;
+    out.Describe([](u32) { return XString(); });
+    const f32 values[] = {0.1f, 1.0f / 3.0f, -16777215.0f, 1e-30f};
+    out << 0.30000001192092896f << ' ' << 1234567.0f << '\n';
+    out.WriteRow(values, {""});
+    EXPECT_EQ(out.Text(), "0.3 1234567\n0.1 0.33333334 -16777215 1e-30\n");
+}
+
 }  // namespace
