@@ -29,12 +29,21 @@ FileForm FormFor(const ConvertRequest& request)
     return FormOf(request.in).value_or(FileForm::Text);
 }
 
-// The library's messages above say which chunks they were.
 void SayDropped(const VKT::XModel& model, const std::string& path, Log& log)
 {
+    constexpr std::size_t kShown = 10;
     const VKT::u32 count = model.GetNumDroppedChunks();
-    log.Say(Quoted(path) + ": " + Counted(count, "chunk") + (count == 1 ? " was" : " were") +
-            " dropped as unknown or damaged");
+    log.Say(Quoted(path) + ": " + Counted(count, "chunk") + (count == 1 ? " was" : " were") + " dropped");
+    std::size_t shown = 0;
+    for (const VKT::XDroppedChunk& chunk : model.GetDroppedChunks()) {
+        if (shown == kShown && !log.IsVerbose())
+            break;
+        log.Say("  " + DescribeDropped(chunk));
+        ++shown;
+    }
+    if (shown < count)
+        log.Say("  ... and " + std::to_string(count - shown) + " more" +
+                (log.IsVerbose() ? "" : " (--verbose lists them)"));
 }
 
 int Save(VKT::XModel& model, const std::string& path, Log& log)

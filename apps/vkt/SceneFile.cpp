@@ -5,7 +5,9 @@
 #include <filesystem>
 #include <memory>
 
+#include "TerminalText.h"
 #include "VKT/FnRegistry.h"
+#include "VKT/Model.h"
 
 namespace tool {
 
@@ -22,6 +24,14 @@ std::optional<FileForm> FormOf(const std::string& path)
 const char* NameOf(FileForm form)
 {
     return form == FileForm::Text ? "text" : "binary";
+}
+
+std::string DescribeDropped(const VKT::XDroppedChunk& chunk)
+{
+    std::string out = chunk.key;
+    if (!chunk.name.empty())
+        out += " " + Quoted(chunk.name);
+    return out + (chunk.isDamaged ? ": is damaged" : ": is of no known type");
 }
 
 VKT::u64 SizeOf(const std::string& path)

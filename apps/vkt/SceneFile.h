@@ -5,6 +5,10 @@
 
 #include "VKT/Types.h"
 
+namespace VKT {
+struct XDroppedChunk;
+}
+
 namespace CLI {
 class Validator;
 }
@@ -16,6 +20,9 @@ enum class FileForm { Text, Binary };
 // What the header of a scene file says of its form; none for a file without header.
 std::optional<FileForm> FormOf(const std::string& path);
 const char* NameOf(FileForm form);
+
+// A chunk that a load dropped, and why, in a few words.
+std::string DescribeDropped(const VKT::XDroppedChunk& chunk);
 
 // Bytes; 0 when the file cannot be asked.
 VKT::u64 SizeOf(const std::string& path);

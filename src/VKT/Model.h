@@ -19,6 +19,13 @@ namespace VKT {
 
 class XShape;
 
+// A chunk that a load could not use and skipped.
+struct XDroppedChunk {
+    XString key;     // as text files have it; of a binary chunk without one the number of its type
+    XString name;    // as far as it was read
+    bool isDamaged;  // else there is no class for it
+};
+
 // The document: the single owner of all nodes of one scene. It creates nodes, gives
 // them ids and unique names, finds them, keeps the instances that hang shapes under
 // bones, and reads and writes itself as a text or a binary file.
@@ -126,8 +133,10 @@ public:
 
     // 4 in a new document and before every save, after a load that of the file.
     u32 GetVersion() const { return m_Version; }
-    // Chunks that the last load could not use and skipped.
-    u32 GetNumDroppedChunks() const { return m_DroppedChunks; }
+    // Chunks that the last load could not use and skipped: how many, and the first thousand
+    // of them in the order of the file.
+    u32 GetNumDroppedChunks() const { return m_NumDroppedChunks; }
+    const XVector<XDroppedChunk>& GetDroppedChunks() const { return m_DroppedChunks; }
     XFlagStack& GetCopyFlags() { return m_CopyFlags; }
     XFlagStack& GetDeleteFlags() { return m_DeleteFlags; }
     XFlagStack& GetSaveFlags() { return m_SaveFlags; }
@@ -171,6 +180,7 @@ private:
     void PostLoad();
     void RenewLastId();
     void Abandon(XBase& node);
+    void Drop(XDroppedChunk chunk);
     void ListForSave(XNodeList& out) const;
     bool CanSaveAsText() const;
     bool CanSaveAsBinary() const;
@@ -208,7 +218,8 @@ private:
     XFlagStack m_SaveFlags{511};
     XFlagStack m_ReservedFlags2{127};
 
-    u32 m_DroppedChunks = 0;
+    u32 m_NumDroppedChunks = 0;
+    XVector<XDroppedChunk> m_DroppedChunks;
     // Instances by (bone, shape), and for each shape in the document's order, so that
     // neither hanging nor linking a shape walks a list.
     std::unordered_map<u64, u32, XIdHash> m_InstanceByPlace;

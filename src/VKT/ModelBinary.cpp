@@ -60,7 +60,6 @@ XFileResult XModel::LoadBin(const char* path, bool loadCycles)
         if (use == ChunkUse::kFatal)
             return FileCorrupt;
         if (use == ChunkUse::kDropped) {
-            ++m_DroppedChunks;
             if (chunk.size == 0) {
                 GetLogger()->Log(kError, "XModel::LoadBin : header byte size 0");
                 return FileCorrupt;
@@ -89,6 +88,7 @@ XModel::ChunkUse XModel::UseBinaryChunk(XFileIO& file, const BinaryChunk& chunk,
         m_Info = std::make_unique<XInfo>();
         if (!m_Info->DoData(file)) {
             m_Info.reset();
+            Drop({"INFO", "", true});
             return ChunkUse::kDropped;
         }
         if (m_Images.empty() && m_Info->HasTextureFile())
@@ -115,12 +115,16 @@ XModel::ChunkUse XModel::UseBinaryChunk(XFileIO& file, const BinaryChunk& chunk,
 bool XModel::ReadBinaryNode(XFileIO& file, const BinaryChunk& chunk)
 {
     std::unique_ptr<XBase> node(XInheritedCreate(this, chunk.type));
-    if (!node)
+    if (!node) {
+        const XString key = XFnChunkName(chunk.type);
+        Drop({key.empty() ? std::to_string(chunk.type) : key, "", false});
         return false;
+    }
     if (chunk.hasExtraAttributes)
         node->RenewExtraAttributes();
     if (!node->DoData(file)) {
         Abandon(*node);
+        Drop({XFnChunkName(chunk.type), node->m_Name, true});
         return false;
     }
     const XString name = node->m_Name;

@@ -69,7 +69,8 @@ template <class Reading>
 XFileResult XModel::LoadSafely(const char* path, Reading read)
 {
     Clear();
-    m_DroppedChunks = 0;
+    m_NumDroppedChunks = 0;
+    m_DroppedChunks.clear();
     XFileResult result = FileCorrupt;
     try {
         result = read();
@@ -127,6 +128,14 @@ void XModel::Abandon(XBase& node)
     const XIndexList ids = bone->GetInstanceIds();
     for (auto id = ids.rbegin(); id != ids.rend(); ++id)  // the latest first: they stand at the end
         DeleteInstance(*id);
+}
+
+// A file can hold any number of them.
+void XModel::Drop(XDroppedChunk chunk)
+{
+    constexpr u32 kMostKept = 1000;
+    if (m_NumDroppedChunks++ < kMostKept)
+        m_DroppedChunks.push_back(std::move(chunk));
 }
 
 void XModel::RenewLastId()

@@ -108,7 +108,7 @@ XFileResult XModel::ReadTextNode(XTextReader& in, std::unique_ptr<XBase> node, c
 // Braces count wherever they begin a token, also inside texts.
 XFileResult XModel::SkipTextChunk(XTextReader& in, const XString& key, const XString& name)
 {
-    ++m_DroppedChunks;
+    Drop({key, name, false});
     GetLogger()->LogFormat(kWarning, "Dumping Unknown Chunk: header: %s name: %s", key.c_str(), name.c_str());
     XString token;
     in.ReadToken(token);

@@ -147,7 +147,9 @@ TEST_F(ContainerBinary, UnknownAndAbstractTypesAreSkippedBySize)
         EXPECT_EQ(Load(Start() + Chunk(type, "whatever") + Wave("w", 1)), FileOk) << type;
         EXPECT_TRUE(Has("w")) << type;
         EXPECT_EQ(m_Said, "") << type;
-        EXPECT_EQ(m_Model.GetNumDroppedChunks(), 1u) << type;
+        ASSERT_EQ(m_Model.GetNumDroppedChunks(), 1u) << type;
+        EXPECT_EQ(m_Model.GetDroppedChunks()[0].key, std::to_string(type));
+        EXPECT_FALSE(m_Model.GetDroppedChunks()[0].isDamaged);
     }
 }
 
@@ -183,6 +185,10 @@ TEST_F(ContainerBinary, SizesBelowTheHeaderSendTheWalkBackAndItEnds)
         bytes += Bytes("00 ff 00 00 07 00 00");
     EXPECT_EQ(Load(bytes), FileCorrupt);
     EXPECT_EQ(m_Model.GetNumDroppedChunks(), 199'999u);
+    EXPECT_EQ(m_Model.GetDroppedChunks().size(), 1000u);
+    Load(Start());
+    EXPECT_EQ(m_Model.GetNumDroppedChunks(), 0u);
+    EXPECT_TRUE(m_Model.GetDroppedChunks().empty());
 }
 
 TEST_F(ContainerBinary, AChunkThatClaimsMoreThanTheRestEndsTheFile)
@@ -213,7 +219,10 @@ TEST_F(ContainerBinary, ADamagedNodeCostsItselfAlone)
     EXPECT_EQ(m_Said, "Error : XFileIO::DoData : expected to read/write -1 elements got 14\n");
     EXPECT_TRUE(Has("w") && Has("v"));
     EXPECT_EQ(m_Model.GetNodes().size(), 2u);
-    EXPECT_EQ(m_Model.GetNumDroppedChunks(), 1u);
+    ASSERT_EQ(m_Model.GetNumDroppedChunks(), 1u);
+    EXPECT_EQ(m_Model.GetDroppedChunks()[0].key, "BONE");
+    EXPECT_EQ(m_Model.GetDroppedChunks()[0].name, bone->GetName());
+    EXPECT_TRUE(m_Model.GetDroppedChunks()[0].isDamaged);
 }
 
 TEST_F(ContainerBinary, ADamagedNodeAtTheEndIsNoCorruptFile)

@@ -111,8 +111,42 @@ TEST_F(Convert, DroppedChunksAreCountedAndNamed)
     EXPECT_EQ(result.err,
               "Info : loading \"plate.vkt\"\n"
               "Warning : Dumping Unknown Chunk: header: FLAVOUR name: sweet\n"
-              "vkt: \"plate.vkt\": 1 chunk was dropped as unknown or damaged\n");
+              "vkt: \"plate.vkt\": 1 chunk was dropped\n"
+              "vkt:   FLAVOUR \"sweet\": is of no known type\n");
     EXPECT_EQ(ReadFile("out.vkt"), kPlate);
+}
+
+TEST_F(Convert, LongListsOfDroppedChunksAreCutUnlessVerbose)
+{
+    std::string text = kPlate;
+    for (int i = 0; i < 12; ++i)
+        text.insert(text.find("BONE"), "FLAVOUR sweet\n{\n}\n");
+    WriteFile("plate.vkt", text);
+    EXPECT_NE(
+        Run({"convert", "plate.vkt", "out.vkt"}).err.find("vkt:   ... and 2 more (--verbose lists them)\n"),
+        std::string::npos);
+    EXPECT_EQ(Run({"convert", "plate.vkt", "out.vkt", "--verbose"}).err.find("more"), std::string::npos);
+}
+
+// The binary form has numbers for its chunks, and only a damaged one may have a name.
+TEST_F(Convert, DroppedBinaryChunksAreNamed)
+{
+    WriteFile("plate.vkt", kPlate);
+    ASSERT_EQ(Run({"convert", "plate.vkt", "binary.vkt", "--binary"}).status, 0);
+    std::string bytes = ReadFile("binary.vkt");
+    const std::size_t mesh = 26;  // behind the header and the count of images
+    const std::size_t name = mesh + 8;
+    bytes[name + 2 + 10 + 4] = '\x7F';  // in the count of points, behind name and id
+    bytes[name + 2 + 10 + 7] = '\x7F';
+    bytes += std::string("\x0F\x27\x00\x00\x08\x00\x00\x00", 8);  // type 9999
+    WriteFile("binary.vkt", bytes);
+    const ToolResult result = Run({"convert", "binary.vkt", "out.vkt"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(result.err.find("vkt: \"binary.vkt\": 2 chunks were dropped\n"
+                              "vkt:   POLYGON_MESH \"plateShape\": is damaged\n"
+                              "vkt:   9999: is of no known type\n"),
+              std::string::npos)
+        << result.err;
 }
 
 TEST_F(Convert, StrictWritesNothingWhenChunksWereDropped)
@@ -137,13 +171,19 @@ TEST_F(Convert, EqualMessagesAreFoldedUnlessVerbose)
     EXPECT_EQ(Run({"convert", "plate.vkt", "out.vkt"}).err,
               "Info : loading \"plate.vkt\"\n"
               "Warning : Dumping Unknown Chunk: header: FLAVOUR name: sweet (3 times)\n"
-              "vkt: \"plate.vkt\": 3 chunks were dropped as unknown or damaged\n");
+              "vkt: \"plate.vkt\": 3 chunks were dropped\n"
+              "vkt:   FLAVOUR \"sweet\": is of no known type\n"
+              "vkt:   FLAVOUR \"sweet\": is of no known type\n"
+              "vkt:   FLAVOUR \"sweet\": is of no known type\n");
     EXPECT_EQ(Run({"convert", "plate.vkt", "out.vkt", "--verbose"}).err,
               "Info : loading \"plate.vkt\"\n"
               "Warning : Dumping Unknown Chunk: header: FLAVOUR name: sweet\n"
               "Warning : Dumping Unknown Chunk: header: FLAVOUR name: sweet\n"
               "Warning : Dumping Unknown Chunk: header: FLAVOUR name: sweet\n"
-              "vkt: \"plate.vkt\": 3 chunks were dropped as unknown or damaged\n");
+              "vkt: \"plate.vkt\": 3 chunks were dropped\n"
+              "vkt:   FLAVOUR \"sweet\": is of no known type\n"
+              "vkt:   FLAVOUR \"sweet\": is of no known type\n"
+              "vkt:   FLAVOUR \"sweet\": is of no known type\n");
 }
 
 TEST_F(Convert, ImagesThatATextFileCannotHoldAreReported)
