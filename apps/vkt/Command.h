@@ -20,6 +20,7 @@ using Run = std::function<int(Log&)>;
 // Each adds one command to the program. When the command line holds it, parsing sets
 // `run`, whose target outlives the parser.
 void AddInfoCommand(CLI::App& program, Run& run);
+void AddTreeCommand(CLI::App& program, Run& run);
 void AddConvertCommand(CLI::App& program, Run& run);
 void AddExportCommand(CLI::App& program, Run& run);
 

@@ -25,6 +25,7 @@ int main(int argc, char** argv)
     program.footer("vkt COMMAND --help tells more.\n\nExample:\n  vkt export robot.gltf robot.vkt");
     tool::Run run;
     tool::AddInfoCommand(program, run);
+    tool::AddTreeCommand(program, run);
     tool::AddConvertCommand(program, run);
     tool::AddExportCommand(program, run);
     try {
