@@ -143,19 +143,19 @@ template <auto Member, u32 NodeType>
 constexpr XPropertyRow NodeField(u32 id, const char* name, u32 flags = 0)
 {
     using Node = typename Detail::MemberOf<decltype(Member)>::Node;
-    return Computed<XBase*>(
-        id, name, flags,
-        [](const XBase& node, XBase*& value) {
-            value = Detail::FindNode(node, As<Node>(node).*Member, NodeType);
-            return true;
-        },
-        [](XBase& node, XBase* const& value) {
+    XPropertyAccess<XBase*> access;
+    access.get = [](const XBase& node, XBase*& value) {
+        value = Detail::FindNode(node, As<Node>(node).*Member, NodeType);
+        return true;
+    };
+    if (!(flags & kReadOnly))
+        access.set = [](XBase& node, XBase* const& value) {
             if (!Detail::Accepts(node, value, NodeType))
                 return false;
             As<Node>(node).*Member = value ? value->GetID() : 0;
             return true;
-        },
-        NodeType);
+        };
+    return {id, name, kPropertyNode, flags, NodeType, access};
 }
 
 // References to other nodes, held as their ids; each as with `NodeField`, and none null.

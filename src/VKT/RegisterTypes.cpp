@@ -1,11 +1,14 @@
 #include "VKT/AmbientLight.h"
 #include "VKT/AreaLight.h"
+#include "VKT/BaseLattice.h"
+#include "VKT/BlendShape.h"
 #include "VKT/Bone.h"
 #include "VKT/Camera.h"
 #include "VKT/Cluster.h"
 #include "VKT/Deformer.h"
 #include "VKT/DirectionalLight.h"
 #include "VKT/ExtendedLight.h"
+#include "VKT/FFD.h"
 #include "VKT/FnRegistry.h"
 #include "VKT/Geometry.h"
 #include "VKT/HwShader.h"
@@ -13,6 +16,7 @@
 #include "VKT/Joint.h"
 #include "VKT/JointCluster.h"
 #include "VKT/Lambert.h"
+#include "VKT/Lattice.h"
 #include "VKT/Light.h"
 #include "VKT/Material.h"
 #include "VKT/NonLinearBend.h"
@@ -68,15 +72,19 @@ constexpr TypeRow kTypes[] = {
     Abstract<XExtendedLight>("extendedLight"),
     Concrete<XAmbientLight>("ambientLight", "AMBIENT_LIGHT"),
     Concrete<XAreaLight>("areaLight", "AREA_LIGHT"),
+    Concrete<XBaseLattice>("baseLattice", "BASE_LATTICE"),
     Concrete<XBone>("bone", "BONE"),
+    Concrete<XBlendShape>("blendShape", "BLEND_SHAPE"),
     Concrete<XCamera>("camera", "CAMERA"),
     Concrete<XCluster>("cluster", "CLUSTER"),
     Concrete<XDirectionalLight>("directionalLight", "DIRECTIONAL_LIGHT"),
+    Concrete<XFFD>("ffd", "FFD"),
     Concrete<XHwShader>("hwShader", "HW_SHADER"),
     Concrete<XJoint>("joint", "JOINT"),
     Concrete<XJiggleDeformer>("jiggleDeformer", "JIGGLE_DEFORMER"),
     Concrete<XJointCluster>("jointCluster", "JOINT_CLUSTER"),
     Concrete<XLambert>("lambert", "LAMBERT"),
+    Concrete<XLattice>("lattice", "LATTICE"),
     Concrete<XNonLinearBend>("nonLinearBend", "NONLINEAR_BEND"),
     Concrete<XNonLinearFlare>("nonLinearFlare", "NONLINEAR_FLARE"),
     Concrete<XNonLinearSine>("nonLinearSine", "NONLINEAR_SINE"),

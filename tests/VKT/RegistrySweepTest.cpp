@@ -160,6 +160,7 @@ const struct {
     {kFnBone, "child_joints 1\n\t\t5 \n", "child_joints 0\n"},  // children are not asked for
     {kFnJoint, "child_joints 1\n\t\t109 \n", "child_joints 0\n"},
     {kFnPolygonMesh, "deformer_queue 2 6 108", "deformer_queue 0"},  // nor are deformers
+    {kFnLattice, "deformer_queue 2 294 295", "deformer_queue 0"},
 };
 
 TEST_P(SampleSweep, CloneWritesTheSameText)
@@ -181,6 +182,8 @@ TEST_P(SampleSweep, CloneWritesTheSameText)
 
 // Properties that stand behind another one of their name or number.
 const std::set<std::string> kHiddenProperties = {
+    "lattice ffd 5",
+    "lattice base_lattice 6",
     "wireDeformer base_wires 7",
 };
 

@@ -2,9 +2,29 @@
 
 namespace VKT::Test {
 
-// One deformer of each kind but the wave. See Samples.h.
+// One deformer of each kind but the wave, and the lattices. See Samples.h. The base
+// lattice is a cube, since text files have one size for all three.
 inline constexpr char kDeformerSample[] =
     R"(|VKT_004A#0000#00000000|
+BASE_LATTICE box
+{
+	id 201
+	x_size 1.1
+	y_size 1.1
+	z_size 1.1
+}
+LATTICE grid
+{
+	id 202
+	points 2
+		2.1 2.2 2.3
+		2.4 2.5 2.6
+	deformer_queue 2 294 295
+	intermediate_object 1
+	divisions_s 20
+	divisions_t 21
+	divisions_u 22
+}
 NONLINEAR_BEND bend
 {
 	id 204
@@ -15,6 +35,20 @@ NONLINEAR_BEND bend
 	high_bound 4.2
 	curvature 4.3
 }
+BLEND_SHAPE blend
+{
+	id 203
+	affected 2 296 297
+	envelope_weight 0.03
+	num_shapes 2
+	smile 298 3.1
+		points 2
+		3.2 3.3 3.4
+		3.5 3.6 3.7
+	frown 299 3.8
+		points 1
+		3.9 4 4.01
+}
 CLUSTER cluster
 {
 	id 205
@@ -24,6 +58,14 @@ CLUSTER cluster
 		num_weights 2
 			51 5.1
 			50 5.2
+}
+FFD ffd
+{
+	id 206
+	affected 1 297
+	envelope_weight 0.06
+	base 201
+	deformed 202
 }
 NONLINEAR_FLARE flare
 {
