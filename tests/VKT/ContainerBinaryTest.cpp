@@ -213,6 +213,7 @@ TEST_F(ContainerBinary, ADamagedNodeCostsItselfAlone)
 {
     // A child count that no file can hold, in a chunk whose size is right.
     XBone* const bone = m_Model.CreateNode<XBone>();
+    const std::string name = bone->GetName();
     std::string body = BodyOf(*bone);
     body.replace(body.size() - 8, 4, Word(0xFFFFFFFF, 4));
     EXPECT_EQ(Load(Start() + Wave("w", 1) + Chunk(kFnBone, body) + Wave("v", 2)), FileOk);
@@ -221,7 +222,7 @@ TEST_F(ContainerBinary, ADamagedNodeCostsItselfAlone)
     EXPECT_EQ(m_Model.GetNodes().size(), 2u);
     ASSERT_EQ(m_Model.GetNumDroppedChunks(), 1u);
     EXPECT_EQ(m_Model.GetDroppedChunks()[0].key, "BONE");
-    EXPECT_EQ(m_Model.GetDroppedChunks()[0].name, bone->GetName());
+    EXPECT_EQ(m_Model.GetDroppedChunks()[0].name, name);
     EXPECT_TRUE(m_Model.GetDroppedChunks()[0].isDamaged);
 }
 
