@@ -64,10 +64,8 @@ struct TextWriting {
     }
     void operator()(XShaderInput XBase::*member) const
     {
-        const XShaderInput& input = node.*member;
-        out << '\t' << input.name << ' ';
-        VKT::Write(out, input.colour);
-        out << " input " << XNodeId{input.input} << '\n';
+        (node.*member).Write(out);
+        out << '\n';
     }
     void operator()(XStoredNode stored) const
     {
@@ -108,13 +106,17 @@ struct TextWriting {
             },
             stored.member);
     }
+    void operator()(XStoredQuoted stored) const
+    {
+        out << row.before << '"' << AsQuotable(node.*stored.member, row.key) << '"' << row.after;
+    }
     void operator()(XStoredText stored) const
     {
         out << row.before;
         stored.write(node, out);
     }
     void operator()(XStoredOldInput) const {}  // old bodies are only read
-    void operator()(XDroppedFloat) const {}
+    void operator()(XDroppedNumber) const {}
 
 private:
     template <class T>
@@ -154,12 +156,7 @@ struct TextReading {
     {
         return ReadKey() && Read(node.*member);
     }
-    bool operator()(XShaderInput XBase::*member) const
-    {
-        XShaderInput& input = node.*member;
-        return Expect(input.name, in, source, line) && Read(input.colour) &&
-               Expect("input", in, source, line) && Read(input.input);
-    }
+    bool operator()(XShaderInput XBase::*member) const { return (node.*member).Read(in, source, line); }
     bool operator()(XStoredNode stored) const { return (*this)(stored.member); }
     bool operator()(XStoredNodes stored) const { return (*this)(stored.member); }
     bool operator()(XStoredThree stored) const
@@ -192,11 +189,12 @@ struct TextReading {
     {
         return ReadKey() && std::visit([&](auto member) { return Read(node.*member); }, stored.member);
     }
-    bool operator()(XDroppedFloat) const
+    bool operator()(XDroppedNumber) const
     {
         f32 dropped = 0;
         return ReadKey() && Read(dropped);
     }
+    bool operator()(XStoredQuoted stored) const { return ReadKey() && stored.read(in, node.*stored.member); }
     bool operator()(XStoredText stored) const { return ReadKey() && stored.read(node, in); }
 
 private:
@@ -259,7 +257,7 @@ struct BinaryTransfer {
         return file.DoData(node.*member) != 0;
     }
     bool operator()(XLimitPair XBase::*member) const { return file.DoData(&(node.*member).lower, 2) != 0; }
-    bool operator()(XShaderInput XBase::*member) const { return DoInput(node.*member); }
+    bool operator()(XShaderInput XBase::*member) const { return (node.*member).DoData(file); }
     bool operator()(XStoredNode stored) const { return file.DoId(node.*stored.member) != 0; }
     bool operator()(XStoredNodes stored) const { return file.DoIds(node.*stored.member) != 0; }
     bool operator()(XStoredThree stored) const { return file.DoData(&(node.*stored.member).r, 3) != 0; }
@@ -269,7 +267,7 @@ struct BinaryTransfer {
     {
         XShaderInput dropped("");
         XShaderInput& input = stored.member ? node.*stored.member : dropped;
-        if (!DoInput(input) || input.name != row.key)
+        if (!input.DoData(file) || (!row.key.empty() && input.name != row.key))
             return false;  // a file that spells the name otherwise is refused in silence
         if (stored.member)
             input.name = stored.name;
@@ -277,18 +275,13 @@ struct BinaryTransfer {
     }
     bool operator()(XStoredFirst stored) const { return file.DoData((node.*stored.member).x) != 0; }
     bool operator()(XStoredList stored) const { return std::visit(*this, stored.member); }
-    bool operator()(XDroppedFloat) const
+    bool operator()(XDroppedNumber) const
     {
         f32 dropped = 0;
         return file.DoData(dropped) != 0;
     }
+    bool operator()(XStoredQuoted stored) const { return file.DoData(node.*stored.member) != 0; }
     bool operator()(XStoredText) const { return true; }  // binary tables have other rows
-
-private:
-    bool DoInput(XShaderInput& input) const
-    {
-        return file.DoId(input.input) && file.DoData(input.colour) && file.DoData(input.name);
-    }
 };
 
 struct Copying {
@@ -308,7 +301,8 @@ struct Copying {
     void operator()(XStoredFirst stored) const { (*this)(stored.member); }
     void operator()(XStoredList stored) const { std::visit(*this, stored.member); }
     void operator()(XStoredOldInput) const {}
-    void operator()(XDroppedFloat) const {}
+    void operator()(XDroppedNumber) const {}
+    void operator()(XStoredQuoted stored) const { (*this)(stored.member); }
     void operator()(XStoredText) const {}
 };
 

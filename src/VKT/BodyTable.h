@@ -42,9 +42,15 @@ struct XStoredWord {
 struct XStoredInputId {  // the connected node of an input; the key is the input's name
     XShaderInput XBase::*member;
 };
+// XString between double quotes in text, a counted string in binary. There are several
+// ways to read one, and the row names its own.
+struct XStoredQuoted {
+    XString XBase::*member;
+    bool (*read)(XTextReader& in, XString& text);
+};
 // An input of a file below version 4: in text the key, four floats, "tex" and an id; in
-// binary a whole input, whose stored name must be the row's key and becomes `name`.
-// Without a member the value is read and dropped.
+// binary a whole input, whose stored name must be the row's key, unless it has none, and
+// becomes `name`. Without a member the value is read and dropped.
 struct XStoredOldInput {
     XShaderInput XBase::*member;
     const char* name;
@@ -58,7 +64,7 @@ struct XStoredList {
     std::variant<XIndexList XBase::*, XRealList XBase::*> member;
     bool oneLine;
 };
-struct XDroppedFloat {};  // four bytes, or a number, without a meaning any more
+struct XDroppedNumber {};  // four bytes, or a number, without a meaning any more
 // A field with a text form of its own. The writer puts out everything behind the row's
 // literal, the reader takes over behind the key.
 struct XStoredText {
@@ -73,8 +79,8 @@ using XStored = std::variant<bool XBase::*, u8 XBase::*, u16 XBase::*,          
                              XShaderInput XBase::*,                                       //
                              XIndexList XBase::*, XIntList XBase::*, XRealList XBase::*,  //
                              XStoredNode, XStoredThree, XStoredInputId, XStoredOldInput,  //
-                             XDroppedFloat, XStoredText, XStoredNodes, XStoredWord,       //
-                             XStoredFirst, XStoredList>;
+                             XDroppedNumber, XStoredText, XStoredNodes, XStoredWord,       //
+                             XStoredFirst, XStoredList, XStoredQuoted>;
 
 // Which files hold a row.
 enum class XGate : u8 {
@@ -198,6 +204,15 @@ constexpr XStored OldInput(XShaderInput Node::*member, const char* name)
 constexpr XStored DroppedInput()
 {
     return XStoredOldInput{nullptr, nullptr};
+}
+constexpr XStored DroppedNumber()
+{
+    return XDroppedNumber{};
+}
+template <class Node>
+constexpr XStored Quoted(XString Node::*member, bool (*read)(XTextReader& in, XString& text))
+{
+    return XStoredQuoted{Seen(member), read};
 }
 
 struct XBodyTable {

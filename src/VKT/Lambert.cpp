@@ -68,7 +68,7 @@ XBodyTable XLambert::OldBinaryBody()
         {"specular_color", DroppedInput()},
         &XLambert::m_Incandescence,
         &XLambert::m_Transparency,
-        XStored(XDroppedFloat{}),
+        DroppedNumber(),
         InputId(&XLambert::m_BumpMap),
         InputId(&XLambert::m_EnvMap),
         NodeId(&XLambert::m_HwShader),

@@ -28,6 +28,13 @@ u32 XMaterial::GetNumUsers() const
     return GetModel()->CountUsers()->GetShapesCoveredBy(GetID());
 }
 
+bool XMaterial::NodeDeath(u32 id)
+{
+    if (m_HwShader == id)
+        m_HwShader = 0;
+    return XNodeClass::NodeDeath(id);
+}
+
 XBodyTable XMaterial::TextBody()
 {
     static constexpr XBodyRow rows[] = {

@@ -22,6 +22,8 @@ public:
     // Shapes of the document that an instance covers with this material.
     u32 GetNumUsers() const;
 
+    bool NodeDeath(u32 id) override;
+
     static XBodyTable TextBody();
     static XBodyTable BinaryBody() { return TextBody(); }
     static XPropertyTable Properties();

@@ -34,7 +34,8 @@ inline constexpr bool kIsSame<Function, Function> = true;
 // `kNumProperties`.
 //
 // A class whose body was another one altogether in older files declares `OldTextBody`
-// and `OldBinaryBody`: they replace the whole chain while such a file is read.
+// and `OldBinaryBody`: they replace the chain up to and with this class while such a file
+// is read. What derived classes store follows behind them as ever.
 template <class Self, class Base, u32 Type>
 class XNodeClass : public Base {
 public:
@@ -60,7 +61,7 @@ public:
 
     bool DoData(XFileIO& file) override
     {
-        if constexpr (requires { Self::OldBinaryBody(); })
+        if constexpr (HasOldBinaryBody())
             if (file.IsReading() && IsFromOlderFile(*this))
                 return XBase::DoData(file) && DoBinaryBody(*this, Self::OldBinaryBody(), file);
         return Base::DoData(file) && DoOwnBinaryBody(file);
@@ -73,7 +74,7 @@ public:
 
     bool ReadChunk(XTextReader& in) override
     {
-        if constexpr (requires { Self::OldTextBody(); })
+        if constexpr (HasOldTextBody())
             if (IsFromOlderFile(*this))
                 return ReadTextBody(*this, Self::OldTextBody(), in);
         return Base::ReadChunk(in) && ReadOwnTextBody(in);
@@ -121,6 +122,30 @@ protected:
             return ReadTextBody(*this, Self::TextBody(), in);
         else
             return true;
+    }
+
+private:
+    // Whether the class itself declares an old body; one that it inherits is its base's
+    // business.
+    static constexpr bool HasOldBinaryBody()
+    {
+        if constexpr (requires { Base::OldBinaryBody(); })
+            return !kIsSame<&Self::OldBinaryBody, &Base::OldBinaryBody>;
+        else
+            return requires
+            {
+                Self::OldBinaryBody();
+            };
+    }
+    static constexpr bool HasOldTextBody()
+    {
+        if constexpr (requires { Base::OldTextBody(); })
+            return !kIsSame<&Self::OldTextBody, &Base::OldTextBody>;
+        else
+            return requires
+            {
+                Self::OldTextBody();
+            };
     }
 };
 

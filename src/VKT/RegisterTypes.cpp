@@ -1,7 +1,9 @@
 #include "VKT/AmbientLight.h"
+#include "VKT/Anisotropic.h"
 #include "VKT/AreaLight.h"
 #include "VKT/BaseLattice.h"
 #include "VKT/BlendShape.h"
+#include "VKT/Blinn.h"
 #include "VKT/Bone.h"
 #include "VKT/Camera.h"
 #include "VKT/Cluster.h"
@@ -26,12 +28,17 @@
 #include "VKT/NonLinearSquash.h"
 #include "VKT/NonLinearTwist.h"
 #include "VKT/NonLinearWave.h"
+#include "VKT/Phong.h"
+#include "VKT/PhongE.h"
 #include "VKT/PointLight.h"
 #include "VKT/PolygonMesh.h"
 #include "VKT/SculptDeformer.h"
 #include "VKT/ShadingNode.h"
 #include "VKT/Shape.h"
+#include "VKT/Specular.h"
 #include "VKT/SpotLight.h"
+#include "VKT/SurfaceShader.h"
+#include "VKT/UseBackgroundShader.h"
 #include "VKT/VolumeLight.h"
 #include "VKT/WireDeformer.h"
 #include "VKT/WrapDeformer.h"
@@ -71,9 +78,11 @@ constexpr TypeRow kTypes[] = {
     Abstract<XLight>("light"),
     Abstract<XExtendedLight>("extendedLight"),
     Concrete<XAmbientLight>("ambientLight", "AMBIENT_LIGHT"),
+    Concrete<XAnisotropic>("anisotropic", "ANISOTROPIC"),
     Concrete<XAreaLight>("areaLight", "AREA_LIGHT"),
     Concrete<XBaseLattice>("baseLattice", "BASE_LATTICE"),
     Concrete<XBone>("bone", "BONE"),
+    Concrete<XBlinn>("blinn", "BLINN"),
     Concrete<XBlendShape>("blendShape", "BLEND_SHAPE"),
     Concrete<XCamera>("camera", "CAMERA"),
     Concrete<XCluster>("cluster", "CLUSTER"),
@@ -91,10 +100,15 @@ constexpr TypeRow kTypes[] = {
     Concrete<XNonLinearSquash>("nonLinearSquash", "NONLINEAR_SQUASH"),
     Concrete<XNonLinearTwist>("nonLinearTwist", "NONLINEAR_TWIST"),
     Concrete<XNonLinearWave>("nonLinearWave", "NONLINEAR_WAVE"),
+    Concrete<XPhong>("phong", "PHONG"),
+    Concrete<XPhongE>("phongE", "PHONGE"),
     Concrete<XPointLight>("pointLight", "POINT_LIGHT"),
     Concrete<XPolygonMesh>("polygonMesh", "POLYGON_MESH"),
     Concrete<XSculptDeformer>("sculptDeformer", "SCULPT_DEFORMER"),
+    Abstract<XSpecular>("specular"),
     Concrete<XSpotLight>("spotLight", "SPOT_LIGHT"),
+    Concrete<XSurfaceShader>("surfaceShader", "SURFACE_SHADER"),
+    Concrete<XUseBackgroundShader>("useBackground", "USE_BACKGROUND"),
     Concrete<XVolumeLight>("volumeLight", "VOLUME_LIGHT"),
     Concrete<XWireDeformer>("wireDeformer", "WIRE_DEFORMER"),
     Concrete<XWrapDeformer>("wrapDeformer", "WRAP_DEFORMER"),

@@ -4,6 +4,10 @@
 
 namespace VKT {
 
+class XFileIO;
+class XTextReader;
+class XTextWriter;
+
 // A colour of a shading node, which another shading node may feed. The name is the
 // keyword in files and the input's identity; it is stored in binary files too.
 struct XShaderInput {
@@ -24,6 +28,15 @@ struct XShaderInput {
         g = colour.g;
         b = colour.b;
     }
+
+    // A line of a text file without its line end: a tab, the name, the colour, the word
+    // "input" and the id. The reader wants the present name; a wrong key is logged with
+    // the source and the row that stand for its place.
+    void Write(XTextWriter& out) const;
+    bool Read(XTextReader& in, const char* source, int line);
+    // The binary form, in both directions: the id, the colour, the name, which a read
+    // takes over.
+    bool DoData(XFileIO& file);
 
     XString name;
     u32 input = 0;  // id of the connected node, 0 for none

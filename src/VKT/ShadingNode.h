@@ -16,8 +16,8 @@ public:
     // The node that feeds an input of this node, as a shading node, or null.
     XShadingNode* GetConnected(const XShaderInput& input) const;
     // Lets `node` feed an input of this node. Null, and a node of another document, is
-    // refused.
-    bool Connect(XShaderInput& input, const XBase* node);
+    // refused, unless a class says otherwise.
+    virtual bool Connect(XShaderInput& input, const XBase* node);
 
     // Disconnects the inputs that the dying node feeds.
     bool NodeDeath(u32 id) override;

@@ -41,6 +41,18 @@ bool FindWord(std::string_view word, XWordList words, u32& number)
     return true;
 }
 
+XString AsQuotable(std::string_view text, std::string_view key)
+{
+    XString quotable(text);
+    for (char& c : quotable)
+        if (c == '"' || c == '\n')
+            c = '_';
+    if (quotable != text)
+        GetLogger()->LogFormat(kWarning, "%s is written as \"%s\": text files quote it in one line",
+                               XString(key).c_str(), quotable.c_str());
+    return quotable;
+}
+
 bool ReadQuoted(XTextReader& in, XString& text)
 {
     int next = in.Get();

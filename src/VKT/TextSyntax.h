@@ -29,6 +29,10 @@ std::string_view WordOf(u32 number, XWordList words);
 // untouched, when it is none of them.
 bool FindWord(std::string_view word, XWordList words, u32& number);
 
+// A text as the readers of quoted strings give it back: `_` stands for each double quote
+// and line feed. A change is logged as a warning that names the key.
+XString AsQuotable(std::string_view text, std::string_view key);
+
 // Reads a string in double quotes behind any white space; it may hold line ends, and no
 // escapes. Two quotes in a row leave `text` as it was. False when the input ends first.
 //

@@ -418,11 +418,21 @@ public:
             {"old_gloss", &Renewed::gloss},
             {"old_hue", OldInput(&Renewed::colour, "hue")},
             {"old_sheen", DroppedInput()},
-            {"old_shine", XStored(XDroppedFloat{})},
+            {"old_shine", DroppedNumber()},
         };
         return {".\\src\\VKT\\Renewed", rows};
     }
-    static XBodyTable OldBinaryBody() { return OldTextBody(); }
+    static XBodyTable OldBinaryBody()
+    {
+        static constexpr XBodyRow rows[] = {
+            {"old_gloss", &Renewed::gloss},
+            {"old_hue", OldInput(&Renewed::colour, "hue")},
+            {"old_sheen", DroppedInput()},
+            DroppedInput(),  // of any name
+            DroppedNumber(),
+        };
+        return {".\\src\\VKT\\Renewed", rows};
+    }
 
     XShaderInput colour{"hue"};
     f32 gloss = 0;
@@ -434,6 +444,7 @@ constexpr const char kOldBytes[] =
     "00 00 80 3f "
     "06 00 00 00 00 00 00 40 00 00 40 40 00 00 80 40 00 00 a0 40 07 00 6f 6c 64 5f 68 75 65 "
     "0b 00 00 00 00 00 e0 40 00 00 00 41 00 00 10 41 00 00 20 41 09 00 6f 6c 64 5f 73 68 65 65 6e "
+    "0b 00 00 00 00 00 e0 40 00 00 00 41 00 00 10 41 00 00 20 41 03 00 61 6e 79 "
     "00 00 40 41";
 constexpr const char kRenewedText[] = "\thue 2 3 4 5 input 6\n\tgloss 1\n";
 
@@ -453,6 +464,32 @@ TEST_F(BodyTable, OldBodyReplacesTheWholeOneInOlderBytes)
     Renewed node(&m_Model);
     EXPECT_TRUE(ReadBody(node, Bytes(kOldBytes)));
     EXPECT_EQ(TextOf(node), kRenewedText);
+}
+
+// A class behind it has no old body of its own.
+class Refined : public XNodeClass<Refined, Renewed, 1004> {
+public:
+    using XNodeClass::XNodeClass;
+
+    static XBodyTable TextBody()
+    {
+        static constexpr XBodyRow rows[] = {{"\tpolish ", &Refined::polish}};
+        return {".\\src\\VKT\\Refined", rows};
+    }
+    static XBodyTable BinaryBody() { return TextBody(); }
+
+    f32 polish = 0;
+};
+
+TEST_F(BodyTable, OwnRowsOfDerivedClassesFollowTheOldBody)
+{
+    MakeOlder();
+    Refined fromText(&m_Model);
+    EXPECT_TRUE(ReadText(fromText, std::string(kOldText) + " polish 13"));
+    EXPECT_EQ(TextOf(fromText), std::string(kRenewedText) + "\tpolish 13\n");
+    Refined fromBytes(&m_Model);
+    EXPECT_TRUE(ReadBody(fromBytes, Bytes(std::string(kOldBytes) + " 00 00 50 41")));
+    EXPECT_EQ(TextOf(fromBytes), TextOf(fromText));
 }
 
 TEST_F(BodyTable, OldBodyIsNeverWritten)

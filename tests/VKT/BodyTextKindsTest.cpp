@@ -81,4 +81,61 @@ TEST_F(BodyWord, MissingWordFailsInSilenceAndWrongKeysAreLogged)
     EXPECT_EQ(m_Log.Text(), "Error : Expected volume got cube [.\\src\\VKT\\Worded:2]\n");
 }
 
+class Titled : public XNodeClass<Titled, XBase, 1003> {
+public:
+    using XNodeClass::XNodeClass;
+
+    static XBodyTable TextBody()
+    {
+        static constexpr XBodyRow rows[] = {
+            {"\ttitle ", Quoted(&Titled::title, ReadQuoted)},
+            {"\tsize ", &Titled::size},
+        };
+        return {".\\src\\VKT\\Titled", rows};
+    }
+    static XBodyTable BinaryBody() { return TextBody(); }
+
+    XString title = "none";
+    u32 size = 1;
+};
+
+class BodyQuoted : public NodeTest {
+protected:
+    Titled m_Node{&m_Model};
+};
+
+TEST_F(BodyQuoted, TextIsQuotedAndBytesAreCounted)
+{
+    m_Node.title = "a b";
+    EXPECT_EQ(TextOf(m_Node), "\ttitle \"a b\"\n\tsize 1\n");
+    EXPECT_EQ(Hex(BodyOf(m_Node)), "00 00 00 00 00 00 03 00 61 20 62 01 00 00 00");
+    EXPECT_EQ(m_Node.GetDataSize(), 14u + 2 + 3 + 4);
+}
+
+TEST_F(BodyQuoted, EitherFormReadsBack)
+{
+    EXPECT_TRUE(ReadText(m_Node, "title \"c d\" size 2"));
+    EXPECT_EQ(TextOf(m_Node), "\ttitle \"c d\"\n\tsize 2\n");
+    EXPECT_TRUE(ReadBody(m_Node, Bytes("00 00 00 00 00 00 01 00 65 03 00 00 00")));
+    EXPECT_EQ(TextOf(m_Node), "\ttitle \"e\"\n\tsize 3\n");
+    Titled copy(&m_Model);
+    copy.DoCopy(&m_Node);
+    EXPECT_EQ(TextOf(copy), TextOf(m_Node));
+}
+
+TEST_F(BodyQuoted, ReaderOfTheRowDecides)
+{
+    EXPECT_FALSE(ReadText(m_Node, "title \"c d"));
+    EXPECT_FALSE(ReadText(m_Node, "name \"c d\" size 2"));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected title got name [.\\src\\VKT\\Titled:1]\n");
+}
+
+TEST_F(BodyQuoted, WhatCannotBeQuotedIsReplacedInTextWithAWarning)
+{
+    m_Node.title = "a\"b\nc";
+    EXPECT_EQ(TextOf(m_Node), "\ttitle \"a_b_c\"\n\tsize 1\n");
+    EXPECT_EQ(m_Log.Text(), "Warning : title is written as \"a_b_c\": text files quote it in one line\n");
+    EXPECT_EQ(m_Node.title, "a\"b\nc");
+}
+
 }  // namespace
