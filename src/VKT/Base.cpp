@@ -83,6 +83,11 @@ void XBase::SetName(const char* name)
     m_Model->SetName(this, name);
 }
 
+void XBase::CleanOwnName()
+{
+    m_Model->Rename(*this, CleanName(m_Name));
+}
+
 bool XBase::IsValid(const XBase* node) const
 {
     return m_Model->IsValid(node);

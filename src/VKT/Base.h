@@ -122,6 +122,10 @@ public:
     static XPropertyTable Properties() { return {}; }
     static const XNodeProperties* ClassProperties() { return XNodeProperties::Empty(); }
 
+protected:
+    // Cleans the name as if it came from a file; it need not be unique then.
+    void CleanOwnName();
+
 private:
     friend class XModel;
     friend XBase* XInheritedCreateFrom(const XInheritedNode& definition, XModel* model);

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <limits>
 
+#include "VKT/AnimCycle.h"
 #include "VKT/Bone.h"
 #include "VKT/FnRegistry.h"
 #include "VKT/Shape.h"
@@ -49,6 +50,8 @@ void XModel::Clear()
     m_Nodes.clear();
     m_NodesById.Clear();
     m_NextNumber.clear();
+    m_Cycles.clear();
+    m_SamplePadding = 0;
     m_Images.clear();
     m_InheritedByHeader.clear();
     m_BuiltInTypes.clear();
@@ -79,7 +82,8 @@ XBase* XModel::Adopt(std::unique_ptr<XBase> node)
         return nullptr;
     node->m_ID = NextId();
     XBase* const adopted = node.get();
-    Enter(std::move(node), FirstFreeName("node"));
+    const bool isCycle = node->HasFn(kFnAnimCycle) != nullptr;
+    Enter(std::move(node), isCycle ? XString() : FirstFreeName("node"));
     return adopted;
 }
 
@@ -90,7 +94,7 @@ u32 XModel::NextId()
         return ++m_LastId;
     while (m_NodesById.Find(m_FirstFreeId))
         ++m_FirstFreeId;
-    return m_FirstFreeId;
+    return m_FirstFreeId++;
 }
 
 XBase* XModel::FindNode(std::string_view name) const
@@ -102,7 +106,9 @@ XBase* XModel::FindNode(std::string_view name) const
 bool XModel::IsValid(const XBase* node) const
 {
     return std::any_of(m_Nodes.begin(), m_Nodes.end(),
-                       [=](const auto& entry) { return entry.second == node; });
+                       [=](const auto& entry) { return entry.second == node; }) ||
+           std::any_of(m_Cycles.begin(), m_Cycles.end(),
+                       [=](const auto& cycle) { return cycle.get() == node; });
 }
 
 bool XModel::List(XNodeList& out, u32 type, bool exact) const
@@ -124,10 +130,14 @@ bool XModel::ListRootBones(XBoneList& out) const
 }
 
 // Takes the node over under a name that need not be unique. Files come in the order of
-// names, so the end is tried first.
+// names, so the end is tried first. Cycles stand apart.
 void XModel::Enter(std::unique_ptr<XBase> node, std::string_view name)
 {
     node->m_Name = name;
+    if (XCast<XAnimCycle>(node.get())) {
+        m_Cycles.emplace_back(static_cast<XAnimCycle*>(node.release()));
+        return;
+    }
     const bool isLast = m_Nodes.empty() || m_Nodes.rbegin()->first <= name;
     const XNameMap::value_type entry(node->m_Name, node.get());
     node->m_NameEntry = isLast ? m_Nodes.insert(m_Nodes.end(), entry) : m_Nodes.insert(entry);
@@ -144,17 +154,22 @@ XString XModel::SetName(XBase* node, std::string_view requested)
     std::replace(name.begin(), name.end(), '\t', '_');
     if (m_Nodes.contains(name))
         name = FirstFreeName(name);
-    XString answer = name;
-    if (Holds(*node)) {
-        ForgetNumber(node->m_Name);
-        auto entry = m_Nodes.extract(node->m_NameEntry);
-        node->m_Name = std::move(name);
-        entry.key() = node->m_Name;
-        node->m_NameEntry = m_Nodes.insert(std::move(entry));
+    Rename(*node, name);
+    return name;
+}
+
+// Gives the node the name as it is.
+void XModel::Rename(XBase& node, XString name)
+{
+    if (Holds(node)) {
+        ForgetNumber(node.m_Name);
+        auto entry = m_Nodes.extract(node.m_NameEntry);
+        node.m_Name = std::move(name);
+        entry.key() = node.m_Name;
+        node.m_NameEntry = m_Nodes.insert(std::move(entry));
     } else {
-        node->m_Name = std::move(name);
+        node.m_Name = std::move(name);
     }
-    return answer;
 }
 
 // The stem with the first number from 1 that is not taken. The numbers found taken are

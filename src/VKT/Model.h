@@ -17,6 +17,7 @@
 
 namespace VKT {
 
+class XAnimCycle;
 class XShape;
 
 // A chunk that a load could not use and skipped.
@@ -76,7 +77,7 @@ public:
     XBase* FindNode(u32 id) const { return m_NodesById.Find(id); }
     XBase* FindNode(std::string_view name) const;
     bool HasNode(u32 id) const { return FindNode(id) != nullptr; }
-    // Whether the pointer is among the document's nodes. Any pointer may be asked about,
+    // Whether the pointer is among the document's nodes and cycles. Any pointer may be asked about,
     // also one whose node is gone, so this is a linear scan.
     bool IsValid(const XBase* node) const;
     // The same for a node that is known to live, in constant time.
@@ -88,6 +89,9 @@ public:
     // Fills `out` with the bones without a parent, in name order.
     bool ListRootBones(XBoneList& out) const;
     const XNameMap& GetNodes() const { return m_Nodes; }
+    // The animation cycles, in the order of creation. They have ids and are no nodes of the
+    // document: nothing finds or lists them, and their names need not be unique.
+    const XVector<std::unique_ptr<XAnimCycle>>& GetCycles() const { return m_Cycles; }
 
     // Gives the node the requested name, blanks and tabs replaced by `_`, with a number
     // behind it when another node has it; the node's own present name counts as taken.
@@ -148,12 +152,14 @@ public:
     void SetInfo(std::unique_ptr<XInfo> info) { m_Info = std::move(info); }
 
 private:
-    friend class XBase;  // starts outside of m_Nodes
-    friend class XBone;  // instances that a bone reads
+    friend class XBase;           // starts outside of m_Nodes
+    friend class XBone;           // instances that a bone reads
+    friend class XSampledStream;  // samples that a file claims
 
     u32 NextId();
     XBase* Adopt(std::unique_ptr<XBase> node);
     void Enter(std::unique_ptr<XBase> node, std::string_view name);
+    void Rename(XBase& node, XString name);
     XString FirstFreeName(std::string_view stem);
     void ForgetNumber(const XString& name);
     XInstance* AddInstance(std::unique_ptr<XInstance> instance);
@@ -200,11 +206,19 @@ private:
     ChunkUse UseBinaryChunk(XFileIO& file, const BinaryChunk& chunk, bool loadCycles);
     bool ReadBinaryNode(XFileIO& file, const BinaryChunk& chunk);
     XFileResult SaveBinary(XFileIO& file);
+    // ModelAnimation.cpp
+    XFileResult ReadTextCycle(XTextReader& in, std::unique_ptr<XBase> cycle, const XString& name);
+    void WriteTextCycles(XTextWriter& out) const;
+    bool WriteBinaryCycles(XFileIO& file) const;
+    bool CanSaveCyclesAsText() const;
+    static constexpr u64 kMostSamplePadding = 1 << 20;
+    bool AllowSamplePadding(u64 floats);
 
     u32 m_Version = kCurrentVersion;
     std::unique_ptr<XInfo> m_Info;
     XVector<std::unique_ptr<XImage>> m_Images;
     XVector<std::unique_ptr<XInstance>> m_Instances;  // by ascending id; see m_DeadInstances
+    XVector<std::unique_ptr<XAnimCycle>> m_Cycles;
     XNameMap m_Nodes;
     XIdMap m_NodesById;
     u32 m_LastInstanceId = 0;
@@ -220,6 +234,7 @@ private:
 
     u32 m_NumDroppedChunks = 0;
     XVector<XDroppedChunk> m_DroppedChunks;
+    u64 m_SamplePadding = 0;  // zeroes that stand for samples which the file did not hold
     // Instances by (bone, shape), and for each shape in the document's order, so that
     // neither hanging nor linking a shape walks a list.
     std::unordered_map<u64, u32, XIdHash> m_InstanceByPlace;

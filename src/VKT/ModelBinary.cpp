@@ -82,8 +82,10 @@ XFileResult XModel::LoadBin(const char* path, bool loadCycles)
 
 // A chunk that can't be used costs itself alone, unless it is a definition, which others
 // may need.
-XModel::ChunkUse XModel::UseBinaryChunk(XFileIO& file, const BinaryChunk& chunk, bool)
+XModel::ChunkUse XModel::UseBinaryChunk(XFileIO& file, const BinaryChunk& chunk, bool loadCycles)
 {
+    if (chunk.type == kFnAnimCycle && !loadCycles)
+        return ChunkUse::kDropped;  // as asked for
     if (chunk.type == kChunkInfo) {
         m_Info = std::make_unique<XInfo>();
         if (!m_Info->DoData(file)) {
@@ -151,6 +153,8 @@ XFileResult XModel::SaveBinary(XFileIO& file)
     for (XBase* node : nodes)
         if (!node->DoHeader(file) || !node->DoData(file))
             return FileCorrupt;
+    if (!WriteBinaryCycles(file))
+        return FileCorrupt;
     return file.Close() ? FileOk : FileCorrupt;
 }
 

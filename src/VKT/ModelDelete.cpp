@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "VKT/AnimCycle.h"
 #include "VKT/Bone.h"
 #include "VKT/Model.h"
 #include "VKT/Shape.h"
@@ -77,17 +78,20 @@ std::set<u32> XModel::AnnounceDeaths(const XNodeList& deaths, const std::set<u32
     for (const auto& [shape, bone] : deathsOfBones)
         tell(*shape, bone);
     XIndexList named;
-    for (const auto& [name, node] : m_Nodes) {
-        if (dying.contains(node->m_ID) && FindNode(node->m_ID) == node)
-            continue;
+    const auto tellWhatItNames = [&](XBase& node) {
         named.clear();
-        node->ListReferences(named);
+        node.ListReferences(named);
         std::erase_if(named, [&](u32 id) { return !dead.contains(id); });
         std::sort(named.begin(), named.end());
         named.erase(std::unique(named.begin(), named.end()), named.end());
         for (const u32 id : named)
-            tell(*node, id);
-    }
+            tell(node, id);
+    };
+    for (const auto& [name, node] : m_Nodes)
+        if (!dying.contains(node->m_ID) || FindNode(node->m_ID) != node)
+            tellWhatItNames(*node);
+    for (const auto& cycle : m_Cycles)
+        tellWhatItNames(*cycle);
     for (const auto& instance : m_Instances)
         instance->DropTextures(dead);
     return unwilling;

@@ -64,7 +64,7 @@ bool XModel::CanSaveAsText() const
         if (const XPolygonMesh* mesh = XCast<XPolygonMesh>(node))
             padding += mesh->GetTextPadding();
     if (padding <= kMostPadding)
-        return true;
+        return CanSaveCyclesAsText();
     GetLogger()->Log(kError, "the document's polygons claim more corners than its index sets hold");
     return false;
 }

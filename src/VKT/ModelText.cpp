@@ -59,10 +59,13 @@ XFileResult XModel::ReadTextChunks(XTextReader& in, const char* path, bool loadC
 // Built-in chunk keys come first, then those that the file has declared. A declaration has
 // no name: what was read as one is its opening brace.
 XFileResult XModel::ReadTextChunk(XTextReader& in, const char* path, const XString& key, const XString& name,
-                                  bool)
+                                  bool loadCycles)
 {
-    if (std::unique_ptr<XBase> node{XFnCreateFromChunk(key, this)})
-        return ReadTextNode(in, std::move(node), name);
+    if (std::unique_ptr<XBase> node{XFnCreateFromChunk(key, this)}) {
+        if (node->GetApiType() != kFnAnimCycle)
+            return ReadTextNode(in, std::move(node), name);
+        return loadCycles ? ReadTextCycle(in, std::move(node), name) : SkipTextChunk(in, key, name);
+    }
     if (key == "INFO") {
         m_Info = std::make_unique<XInfo>();
         if (!m_Info->Read(in)) {
@@ -92,11 +95,13 @@ XFileResult XModel::ReadTextChunk(XTextReader& in, const char* path, const XStri
     if (const XNewNode* definition = FindNewNode(key))
         if (std::unique_ptr<XBase> node{definition->CreateNode(this)})
             return ReadTextNode(in, std::move(node), name);
+    Drop({key, name, false});
     return SkipTextChunk(in, key, name);
 }
 
 XFileResult XModel::ReadTextNode(XTextReader& in, std::unique_ptr<XBase> node, const XString& name)
 {
+    node->m_Name = name;
     if (!node->Read(in)) {
         Abandon(*node);
         return FileCorrupt;
@@ -108,7 +113,6 @@ XFileResult XModel::ReadTextNode(XTextReader& in, std::unique_ptr<XBase> node, c
 // Braces count wherever they begin a token, also inside texts.
 XFileResult XModel::SkipTextChunk(XTextReader& in, const XString& key, const XString& name)
 {
-    Drop({key, name, false});
     GetLogger()->LogFormat(kWarning, "Dumping Unknown Chunk: header: %s name: %s", key.c_str(), name.c_str());
     XString token;
     in.ReadToken(token);
@@ -138,6 +142,7 @@ XFileResult XModel::SaveAscii(XTextWriter& out)
     ListForSave(nodes);
     for (const XBase* node : nodes)
         node->Write(out);
+    WriteTextCycles(out);
     return out.Flush() ? FileOk : FileCorrupt;
 }
 

@@ -1,4 +1,6 @@
 #include "VKT/AmbientLight.h"
+#include "VKT/AnimCycle.h"
+#include "VKT/AnimationTake.h"
 #include "VKT/Anisotropic.h"
 #include "VKT/AreaLight.h"
 #include "VKT/BaseLattice.h"
@@ -79,6 +81,8 @@ constexpr TypeRow kTypes[] = {
     Abstract<XExtendedLight>("extendedLight"),
     Concrete<XAmbientLight>("ambientLight", "AMBIENT_LIGHT"),
     Concrete<XAnisotropic>("anisotropic", "ANISOTROPIC"),
+    Concrete<XAnimCycle>("animCycle", "ANIM_CYCLE"),
+    Concrete<XAnimationTake>("animationTake", "ANIMATION_TAKE"),
     Concrete<XAreaLight>("areaLight", "AREA_LIGHT"),
     Concrete<XBaseLattice>("baseLattice", "BASE_LATTICE"),
     Concrete<XBone>("bone", "BONE"),

@@ -70,7 +70,11 @@ public:
     std::size_t ReadSome(i32* out, std::size_t count);
     std::size_t ReadSome(u32* out, std::size_t count);
     std::size_t ReadSome(XVector3* out, std::size_t count);
-    // The same for what must be complete: the rest after a failure is zero.
+    // Those of the next `count` numbers that stand in the window whole and give no trouble;
+    // answers how many came. Never fails: behind them stands a word, the end, or just a
+    // number that an extraction of its own takes.
+    std::size_t TakeSome(f32* out, std::size_t count);
+    // The same as `ReadSome` for what must be complete: the rest after a failure is zero.
     template <class T>
     bool ReadArray(T* out, std::size_t count);
 

@@ -145,6 +145,14 @@ std::size_t XTextReader::ReadSome(XVector3* out, std::size_t count)
     return static_cast<std::size_t>(sink.next - out);
 }
 
+std::size_t XTextReader::TakeSome(f32* out, std::size_t count)
+{
+    XPlainSink<f32> sink{out, out + count};
+    if (!sink.IsFull())
+        m_Cursor += TakeNumbers<f32>(m_Cursor, m_End, sink) - m_Cursor;
+    return static_cast<std::size_t>(sink.next - out);
+}
+
 template <class T, class Sink>
 void XTextReader::ReadInto(Sink& sink)
 {

@@ -58,6 +58,8 @@ constexpr Row kRows[] = {
     {78,  "extendedLight",        ""},
     {77,  "ambientLight",         "AMBIENT_LIGHT"},
     {8,   "anisotropic",          "ANISOTROPIC"},
+    {133, "animCycle",            "ANIM_CYCLE"},
+    {165, "animationTake",        "ANIMATION_TAKE"},
     {79,  "areaLight",            "AREA_LIGHT"},
     {48,  "baseLattice",          "BASE_LATTICE"},
     {86,  "bone",                 "BONE"},

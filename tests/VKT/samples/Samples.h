@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "VKT/samples/AnimationSample.h"
 #include "VKT/samples/BasicSample.h"
 #include "VKT/samples/DeformerSample.h"
 #include "VKT/samples/LightSample.h"
@@ -29,6 +30,7 @@ inline constexpr Sample kSamples[] = {
     {"Light", kLightSample},
     {"Shading", kShadingSample},
     {"Deformer", kDeformerSample},
+    {"Animation", kAnimationSample},
 };
 
 }  // namespace VKT::Test
