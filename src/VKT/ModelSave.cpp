@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "VKT/FnRegistry.h"
+#include "VKT/Mesh.h"
 #include "VKT/Model.h"
 #include "VKT/PolygonMesh.h"
 #include "VKT/TextWriter.h"
@@ -63,6 +64,8 @@ bool XModel::CanSaveAsText() const
     for (const auto& [name, node] : m_Nodes)
         if (const XPolygonMesh* mesh = XCast<XPolygonMesh>(node))
             padding += mesh->GetTextPadding();
+        else if (const XMesh* olderMesh = XCast<XMesh>(node))
+            padding += olderMesh->GetTextPadding();
     if (padding <= kMostPadding)
         return CanSaveCyclesAsText();
     GetLogger()->Log(kError, "the document's polygons claim more corners than its index sets hold");

@@ -26,4 +26,9 @@ XString NameAsToken(std::string_view name)
     return token;
 }
 
+XString NameInQuotes(std::string_view name)
+{
+    return name.empty() ? "\"\"" : '"' + NameAsToken(name) + '"';
+}
+
 }  // namespace VKT

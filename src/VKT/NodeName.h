@@ -14,4 +14,7 @@ XString CleanName(std::string_view name);
 // and for an empty name. A change is logged as a warning, since the name reads back so.
 XString NameAsToken(std::string_view name);
 
+// The same in double quotes, between which an empty name may stay empty.
+XString NameInQuotes(std::string_view name);
+
 }  // namespace VKT

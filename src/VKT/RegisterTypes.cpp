@@ -4,6 +4,8 @@
 #include "VKT/Anisotropic.h"
 #include "VKT/AreaLight.h"
 #include "VKT/BaseLattice.h"
+#include "VKT/BezierCurve.h"
+#include "VKT/BezierPatch.h"
 #include "VKT/BlendShape.h"
 #include "VKT/Blinn.h"
 #include "VKT/Bone.h"
@@ -15,6 +17,8 @@
 #include "VKT/FFD.h"
 #include "VKT/FnRegistry.h"
 #include "VKT/Geometry.h"
+#include "VKT/HermiteCurve.h"
+#include "VKT/HermitePatch.h"
 #include "VKT/HwShader.h"
 #include "VKT/JiggleDeformer.h"
 #include "VKT/Joint.h"
@@ -22,7 +26,10 @@
 #include "VKT/Lambert.h"
 #include "VKT/Lattice.h"
 #include "VKT/Light.h"
+#include "VKT/Locator.h"
 #include "VKT/Material.h"
+#include "VKT/Mesh.h"
+#include "VKT/MeshVertexColours.h"
 #include "VKT/NonLinearBend.h"
 #include "VKT/NonLinearDeformer.h"
 #include "VKT/NonLinearFlare.h"
@@ -30,6 +37,11 @@
 #include "VKT/NonLinearSquash.h"
 #include "VKT/NonLinearTwist.h"
 #include "VKT/NonLinearWave.h"
+#include "VKT/NurbsCurve.h"
+#include "VKT/NurbsSurface.h"
+#include "VKT/ParametricBase.h"
+#include "VKT/ParametricCurve.h"
+#include "VKT/ParametricSurface.h"
 #include "VKT/Phong.h"
 #include "VKT/PhongE.h"
 #include "VKT/PointLight.h"
@@ -77,6 +89,9 @@ constexpr TypeRow kTypes[] = {
     Abstract<XMaterial>("material"),
     Abstract<XShape>("shape"),
     Abstract<XGeometry>("geometry"),
+    Abstract<XParametricBase>("parametricBase"),
+    Abstract<XParametricCurve>("parametricCurve"),
+    Abstract<XParametricSurface>("parametricSurface"),
     Abstract<XLight>("light"),
     Abstract<XExtendedLight>("extendedLight"),
     Concrete<XAmbientLight>("ambientLight", "AMBIENT_LIGHT"),
@@ -86,24 +101,33 @@ constexpr TypeRow kTypes[] = {
     Concrete<XAreaLight>("areaLight", "AREA_LIGHT"),
     Concrete<XBaseLattice>("baseLattice", "BASE_LATTICE"),
     Concrete<XBone>("bone", "BONE"),
+    Concrete<XBezierCurve>("bezierCurve", "BEZIER_CURVE"),
+    Concrete<XBezierPatch>("bezierPatch", "BEZIER_PATCH"),
     Concrete<XBlinn>("blinn", "BLINN"),
     Concrete<XBlendShape>("blendShape", "BLEND_SHAPE"),
     Concrete<XCamera>("camera", "CAMERA"),
     Concrete<XCluster>("cluster", "CLUSTER"),
     Concrete<XDirectionalLight>("directionalLight", "DIRECTIONAL_LIGHT"),
     Concrete<XFFD>("ffd", "FFD"),
+    Concrete<XHermiteCurve>("hermiteCurve", "HERMITE_CURVE"),
+    Concrete<XHermitePatch>("hermitePatch", "HERMITE_PATCH"),
     Concrete<XHwShader>("hwShader", "HW_SHADER"),
     Concrete<XJoint>("joint", "JOINT"),
     Concrete<XJiggleDeformer>("jiggleDeformer", "JIGGLE_DEFORMER"),
     Concrete<XJointCluster>("jointCluster", "JOINT_CLUSTER"),
     Concrete<XLambert>("lambert", "LAMBERT"),
     Concrete<XLattice>("lattice", "LATTICE"),
+    Concrete<XLocator>("locator", "LOCATOR"),
+    Concrete<XMesh>("mesh", "MESH"),
+    Concrete<XMeshVertexColours>("mv", "MESH_VTX_COLOURS"),
     Concrete<XNonLinearBend>("nonLinearBend", "NONLINEAR_BEND"),
     Concrete<XNonLinearFlare>("nonLinearFlare", "NONLINEAR_FLARE"),
     Concrete<XNonLinearSine>("nonLinearSine", "NONLINEAR_SINE"),
     Concrete<XNonLinearSquash>("nonLinearSquash", "NONLINEAR_SQUASH"),
     Concrete<XNonLinearTwist>("nonLinearTwist", "NONLINEAR_TWIST"),
     Concrete<XNonLinearWave>("nonLinearWave", "NONLINEAR_WAVE"),
+    Concrete<XNurbsCurve>("nurbsCurve", "NURBS_CURVE"),
+    Concrete<XNurbsSurface>("nurbsSurface", "NURBS_SURFACE"),
     Concrete<XPhong>("phong", "PHONG"),
     Concrete<XPhongE>("phongE", "PHONGE"),
     Concrete<XPointLight>("pointLight", "POINT_LIGHT"),

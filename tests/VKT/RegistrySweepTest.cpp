@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <set>
 #include <sstream>
 
@@ -175,6 +176,13 @@ const struct {
     {kFnBone, "child_joints 1\n\t\t5 \n", "child_joints 0\n"},  // children are not asked for
     {kFnJoint, "child_joints 1\n\t\t109 \n", "child_joints 0\n"},
     {kFnPolygonMesh, "deformer_queue 2 6 108", "deformer_queue 0"},  // nor are deformers
+    {kFnBezierCurve, "deformer_queue 2 490 491", "deformer_queue 0"},
+    {kFnHermiteCurve, "deformer_queue 2 490 491", "deformer_queue 0"},
+    {kFnBezierPatch, "deformer_queue 2 490 491", "deformer_queue 0"},
+    {kFnHermitePatch, "deformer_queue 2 490 491", "deformer_queue 0"},
+    {kFnNurbsCurve, "deformer_queue 2 490 491", "deformer_queue 0"},
+    {kFnNurbsSurface, "deformer_queue 2 490 491", "deformer_queue 0"},
+    {kFnMesh, "deformer_queue 2 490 491", "deformer_queue 0"},
     {kFnLattice, "deformer_queue 2 294 295", "deformer_queue 0"},
 };
 
@@ -207,11 +215,39 @@ TEST_P(SampleSweep, CloneWritesTheSameText)
     }
 }
 
+// Properties that text files do not hold.
+const struct {
+    u32 type;
+    const char* property;
+} kLostInText[] = {
+    {kFnBezierPatch, "num_cvs_u"}, {kFnBezierPatch, "num_cvs_v"},  {kFnBezierPatch, "type_u"},
+    {kFnBezierPatch, "type_v"},    {kFnHermitePatch, "num_cvs_u"}, {kFnHermitePatch, "num_cvs_v"},
+    {kFnHermitePatch, "type_u"},   {kFnHermitePatch, "type_v"},
+};
+
+TEST_F(RegistrySweep, SomePropertiesAreInBytesAlone)
+{
+    for (const auto& [type, property] : kLostInText) {
+        SCOPED_TRACE(property);
+        XBase* node = m_Model.CreateNode(type);
+        const std::string text = TextOf(*node);
+        const u32 id = node->GetPropertyId(property);
+        EXPECT_TRUE(node->GetNodeProperties()->SetInteger(node, id, 7));
+        EXPECT_EQ(TextOf(*node), text);
+        XBase* other = m_Model.CreateNode(type);
+        EXPECT_TRUE(ReadBody(*other, BodyOf(*node)));
+        i32 value = 0;
+        EXPECT_TRUE(other->GetNodeProperties()->GetInteger(other, id, value));
+        EXPECT_EQ(value, 7);
+    }
+}
+
 // Properties that stand behind another one of their name or number.
 const std::set<std::string> kHiddenProperties = {
     "lattice ffd 5",
     "lattice base_lattice 6",
     "wireDeformer base_wires 7",
+    "nurbsSurface degree_u 9",  // the degree in v
 };
 
 TEST_F(RegistrySweep, NamesAndNumbersOfPropertiesMapToEachOther)
@@ -250,6 +286,7 @@ TEST_P(SampleSweep, EveryNodeIsACastAwayFromTheBaseAndItself)
         EXPECT_EQ(node->HasFn(kFnBase), node);
         EXPECT_EQ(node->HasFn(node->GetApiType()), node);
         EXPECT_EQ(static_cast<const XBase*>(node)->HasFn(node->GetApiType()), node);
+        EXPECT_EQ(XCast<XBase>(static_cast<const XBase*>(node)), node);
         EXPECT_EQ(node->HasFn(kFnLimit), nullptr);
     }
 }

@@ -5,6 +5,7 @@
 #include "VKT/samples/AnimationSample.h"
 #include "VKT/samples/BasicSample.h"
 #include "VKT/samples/DeformerSample.h"
+#include "VKT/samples/GeometrySample.h"
 #include "VKT/samples/LightSample.h"
 #include "VKT/samples/ShadingSample.h"
 
@@ -31,6 +32,7 @@ inline constexpr Sample kSamples[] = {
     {"Shading", kShadingSample},
     {"Deformer", kDeformerSample},
     {"Animation", kAnimationSample},
+    {"Geometry", kGeometrySample},
 };
 
 }  // namespace VKT::Test
