@@ -105,7 +105,7 @@ constexpr XPropertyRow AsInteger(u32 id, const char* name, u32 flags = 0)
 {
     using Stored = typename Detail::MemberOf<decltype(Member)>::Type;
     using Node = typename Detail::MemberOf<decltype(Member)>::Node;
-    if constexpr (std::is_same_v<Stored, u32>)
+    if constexpr (std::is_integral_v<Stored>)
         return Computed<i32>(
             id, name, flags,
             [](const XBase& node, i32& value) {
@@ -113,7 +113,7 @@ constexpr XPropertyRow AsInteger(u32 id, const char* name, u32 flags = 0)
                 return true;
             },
             [](XBase& node, const i32& value) {
-                As<Node>(node).*Member = static_cast<u32>(value);
+                As<Node>(node).*Member = static_cast<Stored>(value);
                 return true;
             });
     else

@@ -1,3 +1,4 @@
+#include "VKT/AimConstraint.h"
 #include "VKT/AmbientLight.h"
 #include "VKT/AnimCycle.h"
 #include "VKT/AnimationTake.h"
@@ -11,15 +12,19 @@
 #include "VKT/Bone.h"
 #include "VKT/Camera.h"
 #include "VKT/Cluster.h"
+#include "VKT/Constraint.h"
 #include "VKT/Deformer.h"
 #include "VKT/DirectionalLight.h"
+#include "VKT/DisplayLayer.h"
 #include "VKT/ExtendedLight.h"
 #include "VKT/FFD.h"
 #include "VKT/FnRegistry.h"
 #include "VKT/Geometry.h"
+#include "VKT/GeometryConstraint.h"
 #include "VKT/HermiteCurve.h"
 #include "VKT/HermitePatch.h"
 #include "VKT/HwShader.h"
+#include "VKT/IkChain.h"
 #include "VKT/JiggleDeformer.h"
 #include "VKT/Joint.h"
 #include "VKT/JointCluster.h"
@@ -27,9 +32,11 @@
 #include "VKT/Lattice.h"
 #include "VKT/Light.h"
 #include "VKT/Locator.h"
+#include "VKT/LookAtConstraint.h"
 #include "VKT/Material.h"
 #include "VKT/Mesh.h"
 #include "VKT/MeshVertexColours.h"
+#include "VKT/NodeCollection.h"
 #include "VKT/NonLinearBend.h"
 #include "VKT/NonLinearDeformer.h"
 #include "VKT/NonLinearFlare.h"
@@ -37,21 +44,30 @@
 #include "VKT/NonLinearSquash.h"
 #include "VKT/NonLinearTwist.h"
 #include "VKT/NonLinearWave.h"
+#include "VKT/NormalConstraint.h"
 #include "VKT/NurbsCurve.h"
 #include "VKT/NurbsSurface.h"
+#include "VKT/ObjectSet.h"
+#include "VKT/OrientConstraint.h"
 #include "VKT/ParametricBase.h"
 #include "VKT/ParametricCurve.h"
 #include "VKT/ParametricSurface.h"
+#include "VKT/ParentConstraint.h"
 #include "VKT/Phong.h"
 #include "VKT/PhongE.h"
+#include "VKT/PointConstraint.h"
 #include "VKT/PointLight.h"
+#include "VKT/PoleVectorConstraint.h"
 #include "VKT/PolygonMesh.h"
+#include "VKT/RenderLayer.h"
+#include "VKT/ScaleConstraint.h"
 #include "VKT/SculptDeformer.h"
 #include "VKT/ShadingNode.h"
 #include "VKT/Shape.h"
 #include "VKT/Specular.h"
 #include "VKT/SpotLight.h"
 #include "VKT/SurfaceShader.h"
+#include "VKT/TangentConstraint.h"
 #include "VKT/UseBackgroundShader.h"
 #include "VKT/VolumeLight.h"
 #include "VKT/WireDeformer.h"
@@ -83,6 +99,7 @@ constexpr TypeRow Concrete(const char* typeName, const char* chunkName)
 // The classes in the order of their registration.
 constexpr TypeRow kTypes[] = {
     Abstract<XBase>("base"),
+    Abstract<XConstraint>("constraint"),
     Abstract<XDeformer>("deformer"),
     Abstract<XNonLinearDeformer>("nonLinear"),
     Abstract<XShadingNode>("shadingNode"),
@@ -94,6 +111,8 @@ constexpr TypeRow kTypes[] = {
     Abstract<XParametricSurface>("parametricSurface"),
     Abstract<XLight>("light"),
     Abstract<XExtendedLight>("extendedLight"),
+    Abstract<XNodeCollection>("nodeCollection"),
+    Concrete<XAimConstraint>("aimConstraint", "AIM_CONSTRAINT"),
     Concrete<XAmbientLight>("ambientLight", "AMBIENT_LIGHT"),
     Concrete<XAnisotropic>("anisotropic", "ANISOTROPIC"),
     Concrete<XAnimCycle>("animCycle", "ANIM_CYCLE"),
@@ -108,16 +127,20 @@ constexpr TypeRow kTypes[] = {
     Concrete<XCamera>("camera", "CAMERA"),
     Concrete<XCluster>("cluster", "CLUSTER"),
     Concrete<XDirectionalLight>("directionalLight", "DIRECTIONAL_LIGHT"),
+    Concrete<XDisplayLayer>("displayLayer", "DISPLAY_LAYER"),
     Concrete<XFFD>("ffd", "FFD"),
+    Concrete<XGeometryConstraint>("geometryConstraint", "GEOMETRY_CONSTRAINT"),
     Concrete<XHermiteCurve>("hermiteCurve", "HERMITE_CURVE"),
     Concrete<XHermitePatch>("hermitePatch", "HERMITE_PATCH"),
     Concrete<XHwShader>("hwShader", "HW_SHADER"),
+    Concrete<XIkChain>("ikChain", "IK_CHAIN"),
     Concrete<XJoint>("joint", "JOINT"),
     Concrete<XJiggleDeformer>("jiggleDeformer", "JIGGLE_DEFORMER"),
     Concrete<XJointCluster>("jointCluster", "JOINT_CLUSTER"),
     Concrete<XLambert>("lambert", "LAMBERT"),
     Concrete<XLattice>("lattice", "LATTICE"),
     Concrete<XLocator>("locator", "LOCATOR"),
+    Concrete<XLookAtConstraint>("lookAt", "LOOK_AT_CONSTRAINT"),
     Concrete<XMesh>("mesh", "MESH"),
     Concrete<XMeshVertexColours>("mv", "MESH_VTX_COLOURS"),
     Concrete<XNonLinearBend>("nonLinearBend", "NONLINEAR_BEND"),
@@ -126,16 +149,25 @@ constexpr TypeRow kTypes[] = {
     Concrete<XNonLinearSquash>("nonLinearSquash", "NONLINEAR_SQUASH"),
     Concrete<XNonLinearTwist>("nonLinearTwist", "NONLINEAR_TWIST"),
     Concrete<XNonLinearWave>("nonLinearWave", "NONLINEAR_WAVE"),
+    Concrete<XNormalConstraint>("normalConstraint", "NORMAL_CONSTRAINT"),
     Concrete<XNurbsCurve>("nurbsCurve", "NURBS_CURVE"),
     Concrete<XNurbsSurface>("nurbsSurface", "NURBS_SURFACE"),
+    Concrete<XObjectSet>("objectSet", "OBJECT_SET"),
+    Concrete<XOrientConstraint>("orientConstraint", "ORIENT_CONSTRAINT"),
+    Concrete<XParentConstraint>("parentConstraint", "PARENT_CONSTRAINT"),
     Concrete<XPhong>("phong", "PHONG"),
     Concrete<XPhongE>("phongE", "PHONGE"),
+    Concrete<XPointConstraint>("pointConstraint", "POINT_CONSTRAINT"),
     Concrete<XPointLight>("pointLight", "POINT_LIGHT"),
+    Concrete<XPoleVectorConstraint>("poleVectorConstraint", "POLE_VECTOR_CONSTRAINT"),
     Concrete<XPolygonMesh>("polygonMesh", "POLYGON_MESH"),
+    Concrete<XRenderLayer>("renderLayer", "RENDER_LAYER"),
+    Concrete<XScaleConstraint>("scaleConstraint", "SCALE_CONSTRAINT"),
     Concrete<XSculptDeformer>("sculptDeformer", "SCULPT_DEFORMER"),
     Abstract<XSpecular>("specular"),
     Concrete<XSpotLight>("spotLight", "SPOT_LIGHT"),
     Concrete<XSurfaceShader>("surfaceShader", "SURFACE_SHADER"),
+    Concrete<XTangentConstraint>("tangentConstraint", "TANGENT_CONSTRAINT"),
     Concrete<XUseBackgroundShader>("useBackground", "USE_BACKGROUND"),
     Concrete<XVolumeLight>("volumeLight", "VOLUME_LIGHT"),
     Concrete<XWireDeformer>("wireDeformer", "WIRE_DEFORMER"),

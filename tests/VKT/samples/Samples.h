@@ -7,6 +7,7 @@
 #include "VKT/samples/DeformerSample.h"
 #include "VKT/samples/GeometrySample.h"
 #include "VKT/samples/LightSample.h"
+#include "VKT/samples/RiggingSample.h"
 #include "VKT/samples/ShadingSample.h"
 
 namespace VKT::Test {
@@ -33,6 +34,7 @@ inline constexpr Sample kSamples[] = {
     {"Deformer", kDeformerSample},
     {"Animation", kAnimationSample},
     {"Geometry", kGeometrySample},
+    {"Rigging", kRiggingSample},
 };
 
 }  // namespace VKT::Test
