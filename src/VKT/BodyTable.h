@@ -79,7 +79,7 @@ using XStored = std::variant<bool XBase::*, u8 XBase::*, u16 XBase::*,          
                              XShaderInput XBase::*,                                       //
                              XIndexList XBase::*, XIntList XBase::*, XRealList XBase::*,  //
                              XStoredNode, XStoredThree, XStoredInputId, XStoredOldInput,  //
-                             XDroppedNumber, XStoredText, XStoredNodes, XStoredWord,       //
+                             XDroppedNumber, XStoredText, XStoredNodes, XStoredWord,      //
                              XStoredFirst, XStoredList, XStoredQuoted>;
 
 // Which files hold a row.

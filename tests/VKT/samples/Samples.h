@@ -28,12 +28,8 @@ inline std::ostream& operator<<(std::ostream& out, const Sample& sample)
 }
 
 inline constexpr Sample kSamples[] = {
-    {"Basic", kBasicSample},
-    {"Light", kLightSample},
-    {"Shading", kShadingSample},
-    {"Deformer", kDeformerSample},
-    {"Animation", kAnimationSample},
-    {"Geometry", kGeometrySample},
+    {"Basic", kBasicSample},       {"Light", kLightSample},         {"Shading", kShadingSample},
+    {"Deformer", kDeformerSample}, {"Animation", kAnimationSample}, {"Geometry", kGeometrySample},
     {"Rigging", kRiggingSample},
 };
 
