@@ -112,8 +112,7 @@ bool XBlendShape::DoTargets(XFileIO& file, bool isOld)
             m_Targets.push_back(std::make_unique<XBlendTarget>());
         XBlendTarget& target = *m_Targets[i];
         if (!isOld) {
-            if (!file.DoData(target.m_Name) || !file.DoData(target.m_TargetId) ||
-                !file.DoData(target.m_Weight))
+            if (!file.DoData(target.m_Name) || !file.DoId(target.m_TargetId) || !file.DoData(target.m_Weight))
                 return false;
         } else if (file.IsReading() && i < oldNames.size()) {
             target.m_Name = oldNames[i];
@@ -137,8 +136,8 @@ bool XBlendShape::WriteChunk(XTextWriter& out) const
         return false;
     out << "\tnum_shapes " << GetNumTargets() << '\n';
     for (const auto& target : m_Targets) {
-        out << '\t' << NameAsToken(target->m_Name) << ' ' << target->m_TargetId << ' ' << target->m_Weight
-            << "\n\t\tpoints " << static_cast<u32>(target->m_Points.size()) << '\n';
+        out << '\t' << NameAsToken(target->m_Name) << ' ' << XNodeId{target->m_TargetId} << ' '
+            << target->m_Weight << "\n\t\tpoints " << static_cast<u32>(target->m_Points.size()) << '\n';
         out.WriteRows(target->m_Points, {"\t\t"});
     }
     return out.IsGood();

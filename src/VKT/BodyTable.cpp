@@ -99,7 +99,9 @@ struct TextWriting {
             [&](auto member) {
                 const auto& list = node.*member;
                 out << row.before << static_cast<u32>(list.size()) << '\n';
-                if (stored.oneLine)
+                if constexpr (std::same_as<decltype(member), XIndexList XBase::*>)
+                    WriteIds(list, stored.oneLine);
+                else if (stored.oneLine)
                     out.WriteRow(list, {"\t\t", true});
                 else
                     out.WriteRows(list, 1, {"\t\t"});
@@ -126,6 +128,13 @@ private:
             out << value;
         else
             VKT::Write(out, value);
+    }
+    void WriteIds(const XIndexList& ids, bool oneLine) const
+    {
+        if (oneLine)
+            return out.WriteIds(ids, {"\t\t", true});
+        for (const u32 id : ids)
+            out << "\t\t" << XNodeId{id} << '\n';
     }
     void Write(u8 value) const { out << u32{value}; }
     void Write(u16 value) const { out << u32{value}; }
@@ -274,7 +283,12 @@ struct BinaryTransfer {
         return true;
     }
     bool operator()(XStoredFirst stored) const { return file.DoData((node.*stored.member).x) != 0; }
-    bool operator()(XStoredList stored) const { return std::visit(*this, stored.member); }
+    bool operator()(XStoredList stored) const
+    {
+        if (const auto ids = std::get_if<XIndexList XBase::*>(&stored.member))
+            return (*this)(XStoredNodes{*ids});
+        return std::visit(*this, stored.member);
+    }
     bool operator()(XDroppedNumber) const
     {
         f32 dropped = 0;

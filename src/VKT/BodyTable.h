@@ -58,7 +58,7 @@ struct XStoredOldInput {
 struct XStoredFirst {  // x alone: what older files hold of a vector
     XVector3 XBase::*member;
 };
-// A list of numbers: in text its count, and below it a line with a blank behind each
+// A list of node ids or of numbers: in text its count, and below it a line with a blank behind each
 // number, or a line for each number.
 struct XStoredList {
     std::variant<XIndexList XBase::*, XRealList XBase::*> member;

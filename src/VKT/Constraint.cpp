@@ -88,8 +88,8 @@ bool XConstraint::NodeDeath(u32 id)
 
 bool XConstraint::DoData(XFileIO& file)
 {
-    if (!XBone::DoData(file) || !file.DoData(m_Affected) || !file.DoData(m_Targets) ||
-        !file.DoData(m_Weights) || !file.DoData(m_TargetNames))
+    if (!XBone::DoData(file) || !file.DoId(m_Affected) || !file.DoIds(m_Targets) || !file.DoData(m_Weights) ||
+        !file.DoData(m_TargetNames))
         return false;
     if (file.IsReading())
         MatchTargets();
@@ -125,9 +125,10 @@ bool XConstraint::WriteChunk(XTextWriter& out) const
 {
     if (!XBone::WriteChunk(out))
         return false;
-    out << "\taffected " << m_Affected << "\n\tnum_targets " << GetNumTargets() << '\n';
+    out << "\taffected " << XNodeId{m_Affected} << "\n\tnum_targets " << GetNumTargets() << '\n';
     for (std::size_t i = 0; i < m_Targets.size(); ++i)
-        out << "\t\t" << m_Targets[i] << ' ' << NameAsToken(m_TargetNames[i]) << ' ' << m_Weights[i] << '\n';
+        out << "\t\t" << XNodeId{m_Targets[i]} << ' ' << NameAsToken(m_TargetNames[i]) << ' ' << m_Weights[i]
+            << '\n';
     return out.IsGood();
 }
 

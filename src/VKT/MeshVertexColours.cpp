@@ -77,7 +77,7 @@ bool XMeshVertexColours::DoData(XFileIO& file)
 {
     constexpr u64 kLeastBytes = 10;  // an empty name and two empty lists
     u32 count = 0;
-    if (!XBase::DoData(file) || !file.DoData(m_MeshId) ||
+    if (!XBase::DoData(file) || !file.DoId(m_MeshId) ||
         !file.DoCount(count, m_ColourSets.size(), kLeastBytes))
         return false;
     if (file.IsReading())
@@ -105,7 +105,7 @@ void XMeshVertexColours::DoCopy(const XBase* source)
 
 bool XMeshVertexColours::WriteChunk(XTextWriter& out) const
 {
-    out << "\tmesh_id " << m_MeshId << "\n\tnum_colour_sets " << GetNumColourSets() << '\n';
+    out << "\tmesh_id " << XNodeId{m_MeshId} << "\n\tnum_colour_sets " << GetNumColourSets() << '\n';
     for (const auto& set : m_ColourSets) {
         out << "\tcolour_set " << NameInQuotes(set->m_Name) << ' ' << static_cast<u32>(set->m_Colours.size())
             << '\n';

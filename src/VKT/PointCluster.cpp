@@ -45,7 +45,8 @@ bool XPointCluster::WriteChunk(XTextWriter& out) const
         return true;
     if (!XDeformer::WriteChunk(out))
         return false;
-    out << "\tjoint_id " << m_JointId << "\n\t\tnum_weights " << static_cast<u32>(m_Points.size()) << '\n';
+    out << "\tjoint_id " << XNodeId{m_JointId} << "\n\t\tnum_weights " << static_cast<u32>(m_Points.size())
+        << '\n';
     for (std::size_t i = 0; i < m_Points.size(); ++i)
         out << "\t\t\t" << m_Points[i] << ' ' << (i < m_Weights.size() ? m_Weights[i] : 0.0f) << '\n';
     return out.IsGood();

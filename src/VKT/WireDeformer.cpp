@@ -44,8 +44,23 @@ XBodyTable XWireDeformer::TextBody()
 bool XWireDeformer::DoData(XFileIO& file)
 {
     const bool isOld = !file.IsMeasuring() && IsFromOlderFile(*this);
-    return XDeformer::DoData(file) && (isOld ? DoOldWires(file) : file.DoData(m_Wires)) &&
-           DoOwnBinaryBody(file);
+    return XDeformer::DoData(file) && (isOld ? DoOldWires(file) : DoWires(file)) && DoOwnBinaryBody(file);
+}
+
+bool XWireDeformer::DoWires(XFileIO& file)
+{
+    u32 count = 0;
+    if (!file.DoCount(count, m_Wires.size(), sizeof(XWireRecord)))
+        return false;
+    if (file.IsReading())
+        m_Wires.clear();
+    for (u32 i = 0; i < count; ++i) {
+        XWireRecord& wire = file.IsReading() ? m_Wires.emplace_back() : m_Wires[i];
+        if (!file.DoId(wire.m_BaseWire) || !file.DoId(wire.m_Wire) || !file.DoData(wire.m_WireParam1) ||
+            !file.DoData(wire.m_WireParam2))
+            return false;
+    }
+    return true;
 }
 
 // Files below version 4 hold three lists, and no curves at rest: those are the wires
@@ -60,7 +75,7 @@ bool XWireDeformer::DoOldWires(XFileIO& file)
         first.push_back(wire.m_WireParam1);
         second.push_back(wire.m_WireParam2);
     }
-    if (!file.DoData(curves) || !file.DoData(first) || !file.DoData(second))
+    if (!file.DoIds(curves) || !file.DoData(first) || !file.DoData(second))
         return false;
     if (!file.IsReading())
         return true;
@@ -89,8 +104,8 @@ bool XWireDeformer::WriteChunk(XTextWriter& out) const
         return false;
     out << "\tnum_wires " << GetNumWires() << '\n';
     for (const XWireRecord& wire : m_Wires)
-        out << "\t\t" << wire.m_BaseWire << ' ' << wire.m_Wire << ' ' << wire.m_WireParam1 << ' '
-            << wire.m_WireParam2 << '\n';
+        out << "\t\t" << XNodeId{wire.m_BaseWire} << ' ' << XNodeId{wire.m_Wire} << ' ' << wire.m_WireParam1
+            << ' ' << wire.m_WireParam2 << '\n';
     out << '\n';
     return out.IsGood();
 }

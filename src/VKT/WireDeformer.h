@@ -43,6 +43,7 @@ public:
     static XPropertyTable Properties();
 
 private:
+    bool DoWires(XFileIO& file);
     bool DoOldWires(XFileIO& file);
 
     XVector<XWireRecord> m_Wires;
