@@ -1,5 +1,7 @@
 #include "VKT/Lambert.h"
 
+#include "VKT/BumpMap.h"
+#include "VKT/EnvMap.h"
 #include "VKT/Model.h"
 
 namespace VKT {
@@ -15,10 +17,9 @@ bool XLambert::SetBumpMap(const XBase* node)
     return node && node->HasFn(kFnBumpMap) && Connect(m_BumpMap, node);
 }
 
-XBase* XLambert::GetBumpMap() const
+XBumpMap* XLambert::GetBumpMap() const
 {
-    XBase* node = GetModel()->FindNode(m_BumpMap.input);
-    return node ? node->HasFn(kFnBumpMap) : nullptr;
+    return XCast<XBumpMap>(GetModel()->FindNode(m_BumpMap.input));
 }
 
 bool XLambert::SetEnvMap(const XBase* node)
@@ -26,10 +27,9 @@ bool XLambert::SetEnvMap(const XBase* node)
     return node && node->HasFn(kFnEnvMap) && Connect(m_EnvMap, node);
 }
 
-XBase* XLambert::GetEnvMap() const
+XEnvMap* XLambert::GetEnvMap() const
 {
-    XBase* node = GetModel()->FindNode(m_EnvMap.input);
-    return node ? node->HasFn(kFnEnvMap) : nullptr;
+    return XCast<XEnvMap>(GetModel()->FindNode(m_EnvMap.input));
 }
 
 XBodyTable XLambert::TextBody()

@@ -4,6 +4,9 @@
 
 namespace VKT {
 
+class XBumpMap;
+class XEnvMap;
+
 // A matte material.
 class XLambert : public XNodeClass<XLambert, XMaterial, kFnLambert> {
 public:
@@ -18,9 +21,9 @@ public:
 
     // A bump map and an environment map; a node of another class is refused.
     bool SetBumpMap(const XBase* node);
-    XBase* GetBumpMap() const;
+    XBumpMap* GetBumpMap() const;
     bool SetEnvMap(const XBase* node);
-    XBase* GetEnvMap() const;
+    XEnvMap* GetEnvMap() const;
 
     static XBodyTable TextBody();
     static XBodyTable BinaryBody() { return TextBody(); }

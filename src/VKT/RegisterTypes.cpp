@@ -10,12 +10,15 @@
 #include "VKT/BlendShape.h"
 #include "VKT/Blinn.h"
 #include "VKT/Bone.h"
+#include "VKT/BumpMap.h"
 #include "VKT/Camera.h"
 #include "VKT/Cluster.h"
 #include "VKT/Constraint.h"
+#include "VKT/CubeMap.h"
 #include "VKT/Deformer.h"
 #include "VKT/DirectionalLight.h"
 #include "VKT/DisplayLayer.h"
+#include "VKT/EnvMap.h"
 #include "VKT/ExtendedLight.h"
 #include "VKT/FFD.h"
 #include "VKT/FnRegistry.h"
@@ -30,6 +33,8 @@
 #include "VKT/JointCluster.h"
 #include "VKT/Lambert.h"
 #include "VKT/Lattice.h"
+#include "VKT/LayeredShader.h"
+#include "VKT/LayeredTexture.h"
 #include "VKT/Light.h"
 #include "VKT/Locator.h"
 #include "VKT/LookAtConstraint.h"
@@ -59,15 +64,20 @@
 #include "VKT/PointLight.h"
 #include "VKT/PoleVectorConstraint.h"
 #include "VKT/PolygonMesh.h"
+#include "VKT/RampShader.h"
 #include "VKT/RenderLayer.h"
 #include "VKT/ScaleConstraint.h"
 #include "VKT/SculptDeformer.h"
 #include "VKT/ShadingNode.h"
 #include "VKT/Shape.h"
 #include "VKT/Specular.h"
+#include "VKT/SphereMap.h"
 #include "VKT/SpotLight.h"
 #include "VKT/SurfaceShader.h"
 #include "VKT/TangentConstraint.h"
+#include "VKT/TexPlacement2D.h"
+#include "VKT/TexPlacement3D.h"
+#include "VKT/Texture.h"
 #include "VKT/UseBackgroundShader.h"
 #include "VKT/VolumeLight.h"
 #include "VKT/WireDeformer.h"
@@ -111,6 +121,8 @@ constexpr TypeRow kTypes[] = {
     Abstract<XParametricSurface>("parametricSurface"),
     Abstract<XLight>("light"),
     Abstract<XExtendedLight>("extendedLight"),
+    Concrete<XTexture>("texture", "TEXTURE"),
+    Abstract<XEnvMap>("envMap"),
     Abstract<XNodeCollection>("nodeCollection"),
     Concrete<XAimConstraint>("aimConstraint", "AIM_CONSTRAINT"),
     Concrete<XAmbientLight>("ambientLight", "AMBIENT_LIGHT"),
@@ -124,8 +136,10 @@ constexpr TypeRow kTypes[] = {
     Concrete<XBezierPatch>("bezierPatch", "BEZIER_PATCH"),
     Concrete<XBlinn>("blinn", "BLINN"),
     Concrete<XBlendShape>("blendShape", "BLEND_SHAPE"),
+    Concrete<XBumpMap>("bumpMap", "BUMP_MAP"),
     Concrete<XCamera>("camera", "CAMERA"),
     Concrete<XCluster>("cluster", "CLUSTER"),
+    Concrete<XCubeMap>("cubeMap", "CUBE_MAP"),
     Concrete<XDirectionalLight>("directionalLight", "DIRECTIONAL_LIGHT"),
     Concrete<XDisplayLayer>("displayLayer", "DISPLAY_LAYER"),
     Concrete<XFFD>("ffd", "FFD"),
@@ -139,6 +153,8 @@ constexpr TypeRow kTypes[] = {
     Concrete<XJointCluster>("jointCluster", "JOINT_CLUSTER"),
     Concrete<XLambert>("lambert", "LAMBERT"),
     Concrete<XLattice>("lattice", "LATTICE"),
+    Concrete<XLayeredShader>("layeredShader", "LAYERED_SHADER"),
+    Concrete<XLayeredTexture>("layeredTexture", "LAYERED_TEXTURE"),
     Concrete<XLocator>("locator", "LOCATOR"),
     Concrete<XLookAtConstraint>("lookAt", "LOOK_AT_CONSTRAINT"),
     Concrete<XMesh>("mesh", "MESH"),
@@ -161,13 +177,17 @@ constexpr TypeRow kTypes[] = {
     Concrete<XPointLight>("pointLight", "POINT_LIGHT"),
     Concrete<XPoleVectorConstraint>("poleVectorConstraint", "POLE_VECTOR_CONSTRAINT"),
     Concrete<XPolygonMesh>("polygonMesh", "POLYGON_MESH"),
+    Concrete<XRampShader>("rampShader", "RAMP_SHADER"),
     Concrete<XRenderLayer>("renderLayer", "RENDER_LAYER"),
     Concrete<XScaleConstraint>("scaleConstraint", "SCALE_CONSTRAINT"),
     Concrete<XSculptDeformer>("sculptDeformer", "SCULPT_DEFORMER"),
     Abstract<XSpecular>("specular"),
+    Concrete<XSphereMap>("sphereMap", "SPHERE_MAP"),
     Concrete<XSpotLight>("spotLight", "SPOT_LIGHT"),
     Concrete<XSurfaceShader>("surfaceShader", "SURFACE_SHADER"),
     Concrete<XTangentConstraint>("tangentConstraint", "TANGENT_CONSTRAINT"),
+    Concrete<XTexPlacement2D>("texturePlacement2D", "TEXTURE_2D"),
+    Concrete<XTexPlacement3D>("texturePlacement3D", "TEXTURE_PLACEMENT_3D"),
     Concrete<XUseBackgroundShader>("useBackground", "USE_BACKGROUND"),
     Concrete<XVolumeLight>("volumeLight", "VOLUME_LIGHT"),
     Concrete<XWireDeformer>("wireDeformer", "WIRE_DEFORMER"),

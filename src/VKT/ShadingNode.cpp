@@ -1,5 +1,9 @@
 #include "VKT/ShadingNode.h"
 
+#include <algorithm>
+#include <unordered_map>
+
+#include "VKT/Material.h"
 #include "VKT/Model.h"
 
 namespace VKT {
@@ -25,32 +29,44 @@ bool XShadingNode::NodeDeath(u32 id)
     return XBase::NodeDeath(id);
 }
 
-// Textures are deliberately not taken along by `DeleteTextures`.
+// Textures are deliberately not taken along by `DeleteTextures`. Inputs of this node and of
+// the material itself are no reason for it to stay.
 void XShadingNode::PreDelete(std::set<u32>& ids)
 {
     XBase::PreDelete(ids);
     if (!GetModel()->GetDeleteFlags().Test(DeleteMaterials))
         return;
-    for (const XShaderInput* input : m_Inputs) {
-        const XBase* node = GetModel()->FindNode(input->input);
-        if (node && node->HasFn(kFnMaterial) && CountUsersOf(input->input) == 0)
-            ids.insert(input->input);
+    std::unordered_map<u32, u32> inputs;  // of this node, by the node that feeds them
+    for (const XShaderInput* input : m_Inputs)
+        ++inputs[input->input];
+    const auto counts = GetModel()->CountUsers();
+    for (const auto& [id, count] : inputs) {
+        const XMaterial* material = XCast<XMaterial>(GetModel()->FindNode(id));
+        if (!material)
+            continue;
+        const u32 ofItsOwn = material == this ? 0 : material->CountInputsFedBy(id);
+        if (counts->GetInputsFedBy(id) == count + ofItsOwn)
+            ids.insert(id);
     }
 }
 
-// Inputs of other nodes that the node `id` feeds; those of the node itself don't count.
-u32 XShadingNode::CountUsersOf(u32 id) const
+u32 XShadingNode::CountInputsFedBy(u32 id) const
 {
-    u32 users = GetModel()->CountUsers()->GetInputsFedBy(id);
-    const auto leaveOut = [&](const XShadingNode& node) {
-        for (const XShaderInput* input : node.m_Inputs)
-            users -= input->input == id;
-    };
-    leaveOut(*this);
-    const XShadingNode* feeder = XCast<XShadingNode>(GetModel()->FindNode(id));
-    if (feeder && feeder != this)
-        leaveOut(*feeder);
-    return users;
+    return static_cast<u32>(std::count_if(m_Inputs.begin(), m_Inputs.end(),
+                                          [id](const XShaderInput* input) { return input->input == id; }));
+}
+
+XShaderInput& XShadingNode::AddOwnedInput(const char* name)
+{
+    m_OwnedInputs.push_back(std::make_unique<XShaderInput>(name));
+    m_Inputs.push_back(m_OwnedInputs.back().get());
+    return *m_OwnedInputs.back();
+}
+
+void XShadingNode::KeepOwnedInputs(std::size_t count)
+{
+    m_Inputs.resize(m_Inputs.size() - m_OwnedInputs.size() + count);
+    m_OwnedInputs.resize(count);
 }
 
 }  // namespace VKT

@@ -28,10 +28,20 @@ protected:
     // Called by constructors for each input that is a member of the object.
     void Register(XShaderInput& input) { m_Inputs.push_back(&input); }
 
+    // Inputs that the node owns, for classes with as many as a file says. They stand behind
+    // those that are members.
+    XShaderInput& AddOwnedInput(const char* name);
+    // Deletes all but the first ones.
+    void KeepOwnedInputs(std::size_t count);
+    std::size_t GetNumOwnedInputs() const { return m_OwnedInputs.size(); }
+    XShaderInput& GetOwnedInput(std::size_t i) { return *m_OwnedInputs[i]; }
+    const XShaderInput& GetOwnedInput(std::size_t i) const { return *m_OwnedInputs[i]; }
+
 private:
-    u32 CountUsersOf(u32 id) const;
+    u32 CountInputsFedBy(u32 id) const;
 
     XVector<XShaderInput*> m_Inputs;
+    XVector<std::unique_ptr<XShaderInput>> m_OwnedInputs;
 };
 
 }  // namespace VKT

@@ -2,42 +2,26 @@
 
 #include "VKT/Bone.h"
 #include "VKT/Lambert.h"
-#include "VKT/NodeClass.h"
 #include "VKT/NodeTest.h"
 #include "VKT/SpotLight.h"
+#include "VKT/Texture.h"
 
 using namespace VKT;
 using namespace VKT::Test;
 
 namespace {
 
-// Stands for a texture, so that uv sets can be bound.
-class Texture : public XNodeClass<Texture, XShadingNode, kFnTexture> {
-public:
-    using XNodeClass::XNodeClass;
-};
-
-class TextureInfo final : public XFnInfo {
-public:
-    u32 GetType() const override { return kFnTexture; }
-    XString GetTypeName() const override { return "testTexture"; }
-    XString GetChunkName() const override { return "TEST_TEXTURE"; }
-    XBase* Create(XModel* model) const override { return new Texture(model); }
-};
-
 class Instance : public NodeTest {
 protected:
     Instance()
     {
-        XFnRegister(new TextureInfo);
         m_Light.SetName("lamp");
-        m_Texture = m_Model.CreateNode(kFnTexture)->GetID();
         // The ids that the texts below name.
         EXPECT_EQ(m_Light.GetID(), 1u);
         EXPECT_EQ(m_Clay.GetID(), 2u);
         EXPECT_EQ(m_Gold.GetID(), 3u);
         EXPECT_EQ(m_Bone.GetID(), 4u);
-        EXPECT_EQ(m_Texture, 5u);
+        EXPECT_EQ(m_Texture.GetID(), 5u);
     }
 
     // The instance list of a bone, without the block around it.
@@ -58,7 +42,7 @@ protected:
     XLambert& m_Clay = *m_Model.CreateNode<XLambert>();
     XLambert& m_Gold = *m_Model.CreateNode<XLambert>();
     XBone& m_Bone = *m_Model.CreateNode<XBone>();
-    u32 m_Texture = 0;
+    XTexture& m_Texture = *m_Model.CreateNode<XTexture>();
 };
 
 constexpr const char kPlain[] =

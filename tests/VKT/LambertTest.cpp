@@ -1,10 +1,11 @@
 #include "VKT/Lambert.h"
 
 #include "VKT/Bone.h"
+#include "VKT/BumpMap.h"
 #include "VKT/HwShader.h"
-#include "VKT/NodeClass.h"
 #include "VKT/NodeTest.h"
 #include "VKT/PolygonMesh.h"
+#include "VKT/SphereMap.h"
 #include "VKT/SpotLight.h"
 
 using namespace VKT;
@@ -12,44 +13,11 @@ using namespace VKT::Test;
 
 namespace {
 
-// Stand for the classes that a material refers to.
-class BumpMap : public XNodeClass<BumpMap, XBase, kFnBumpMap> {
-public:
-    using XNodeClass::XNodeClass;
-};
-class EnvMap : public XNodeClass<EnvMap, XBase, kFnEnvMap> {
-public:
-    using XNodeClass::XNodeClass;
-};
-
 class Lambert : public NodeTest {
 protected:
     XLambert& New() { return *m_Model.CreateNode<XLambert>(); }
-    // A node of a class that the registry does not know, as a file of the document would
-    // bring it, under the id.
-    template <class Node>
-    Node& Known(u32 id)
-    {
-        m_Extra.push_back(std::make_unique<Info<Node>>());
-        XFnRegister(m_Extra.back().get());
-        m_Extra.back().release();
-        XBase* node = m_Model.CreateNode(Node::kType);
-        EXPECT_EQ(node->GetID(), id);
-        return static_cast<Node&>(*node);
-    }
 
     XLambert& m_Clay = New();
-
-private:
-    template <class Node>
-    class Info final : public XFnInfo {
-    public:
-        u32 GetType() const override { return Node::kType; }
-        XString GetTypeName() const override { return "stand-in " + std::to_string(Node::kType); }
-        XString GetChunkName() const override { return "STAND_IN_" + std::to_string(Node::kType); }
-        XBase* Create(XModel* model) const override { return new Node(model); }
-    };
-    std::vector<std::unique_ptr<XFnInfo>> m_Extra;
 };
 
 constexpr const char kText[] =
@@ -155,11 +123,11 @@ TEST_F(Lambert, CloneHasAllValues)
 TEST_F(Lambert, RefersToNodesOfTheWantedClassesAlone)
 {
     XHwShader& shader = *m_Model.CreateNode<XHwShader>();
-    BumpMap& bump = Known<BumpMap>(3);
-    EnvMap& env = Known<EnvMap>(4);
+    XBumpMap& bump = *m_Model.CreateNode<XBumpMap>();
+    XEnvMap& env = *m_Model.CreateNode<XSphereMap>();
     XModel other;
     const XHwShader foreignShader(&other);
-    const BumpMap foreignBump(&other);
+    const XBumpMap foreignBump(&other);
     EXPECT_TRUE(m_Clay.SetHwShader(&shader));
     EXPECT_TRUE(m_Clay.SetBumpMap(&bump));
     EXPECT_TRUE(m_Clay.SetEnvMap(&env));
@@ -186,8 +154,8 @@ TEST_F(Lambert, RefersToNodesOfTheWantedClassesAlone)
 TEST_F(Lambert, PropertiesReachTheFields)
 {
     XHwShader& shader = *m_Model.CreateNode<XHwShader>();
-    BumpMap& bump = Known<BumpMap>(3);
-    EnvMap& env = Known<EnvMap>(4);
+    XBumpMap& bump = *m_Model.CreateNode<XBumpMap>();
+    XEnvMap& env = *m_Model.CreateNode<XSphereMap>();
     const XNodeProperties& properties = *m_Clay.GetNodeProperties();
     EXPECT_TRUE(properties.SetColour(&m_Clay, 2, {1, 2, 3, 4}));
     EXPECT_TRUE(properties.SetColour(&m_Clay, 3, {5, 6, 7, 8}));
