@@ -175,6 +175,7 @@ f32 Interpolator::Timed(f32 t, Segment s, Tangents times, Tangents values) const
     return Hermite(SolveHermite(t, T(s.left), times.left, T(s.right), times.right), s, values);
 }
 
+// Kept on purpose: up to its width behind a key the blend runs to the value of the next.
 f32 Interpolator::SmoothedStep(f32 t, Segment s) const
 {
     if (m_NumKeys < 2)

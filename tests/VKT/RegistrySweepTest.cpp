@@ -7,13 +7,8 @@
 #include <sstream>
 
 #include "VKT/AnimCycle.h"
-#include "VKT/CubeMap.h"
 #include "VKT/FnRegistry.h"
-#include "VKT/LayeredTexture.h"
 #include "VKT/NodeTest.h"
-#include "VKT/RampShader.h"
-#include "VKT/TexPlacement2D.h"
-#include "VKT/VolumeLight.h"
 #include "VKT/samples/Samples.h"
 
 // What is true of every class that files can hold.
@@ -209,33 +204,6 @@ TEST_P(SampleSweep, CloneWritesTheSameText)
         EXPECT_EQ(clone->GetApiType(), node->GetApiType());
         EXPECT_NE(clone->GetID(), node->GetID());
         EXPECT_EQ(TextOf(*clone), expected) << node->GetName();
-    }
-}
-
-// Properties that text files do not hold.
-const struct {
-    u32 type;
-    const char* property;
-} kLostInText[] = {
-    {kFnBezierPatch, "num_cvs_u"}, {kFnBezierPatch, "num_cvs_v"},  {kFnBezierPatch, "type_u"},
-    {kFnBezierPatch, "type_v"},    {kFnHermitePatch, "num_cvs_u"}, {kFnHermitePatch, "num_cvs_v"},
-    {kFnHermitePatch, "type_u"},   {kFnHermitePatch, "type_v"},
-};
-
-TEST_F(RegistrySweep, SomePropertiesAreInBytesAlone)
-{
-    for (const auto& [type, property] : kLostInText) {
-        SCOPED_TRACE(property);
-        XBase* node = m_Model.CreateNode(type);
-        const std::string text = TextOf(*node);
-        const u32 id = node->GetPropertyId(property);
-        EXPECT_TRUE(node->GetNodeProperties()->SetInteger(node, id, 7));
-        EXPECT_EQ(TextOf(*node), text);
-        XBase* other = m_Model.CreateNode(type);
-        EXPECT_TRUE(ReadBody(*other, BodyOf(*node)));
-        i32 value = 0;
-        EXPECT_TRUE(other->GetNodeProperties()->GetInteger(other, id, value));
-        EXPECT_EQ(value, 7);
     }
 }
 

@@ -270,6 +270,7 @@ TEST_F(Texture, SphereMapInBothForms)
     set.SetImageId(2);
     set.SetPlacement(3);
     EXPECT_EQ(TextOf(set), TextOf(sphere));
+    m_Log.Clear();
     EXPECT_FALSE(ReadText(New<XSphereMap>(), "picture 2 placement 3"));
     EXPECT_FALSE(ReadText(New<XSphereMap>(), "image 2 place 3"));
     EXPECT_EQ(m_Log.Text(),

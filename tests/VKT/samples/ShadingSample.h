@@ -220,10 +220,10 @@ TEXTURE_PLACEMENT_3D space
 	rotation	1 0 0 0
 	joint_orient	0 0 1 0
 	bind_pose_matrix
-		1.5 0 0 0
-		0 2.5 0 0
-		0 0 3.5 0
-		14 15 16 1
+		-1.5 0 0 0
+		-42.5 -2.5 0 0
+		-63 -66.5 3.5 0
+		401.5 294.5 53 1
 	rotation_order yzx
 	inherits_transform 0
 	shearing 17 18 19
