@@ -214,9 +214,14 @@ std::size_t XFileIO::DoData(bool& value)
 
 std::size_t XFileIO::DoId(u32& id)
 {
+    NoteId(id);
+    return DoData(id);
+}
+
+void XFileIO::NoteId(u32 id) const
+{
     if (m_Ids)
         m_Ids->push_back(id);
-    return DoData(id);
 }
 
 std::size_t XFileIO::DoIds(XIndexList& ids)

@@ -212,6 +212,7 @@ bool XInstance::DoData(XFileIO& file)
             m_Material = material;
         return true;
     }
+    file.NoteId(m_Material);
     constexpr u64 kLeastBytes = 8;  // a material and an empty list
     u32 count = 0;
     if (!file.DoCount(count, m_MaterialGroups.size(), kLeastBytes))

@@ -169,6 +169,7 @@ private:
     XNodeList CollectDeaths(const std::set<u32>& ids, std::set<u32>& dying);
     std::set<u32> AnnounceDeaths(const XNodeList& deaths, const std::set<u32>& dying);
     void DeleteInstancesOf(const XNodeList& deaths);
+    void DeleteInstancesUnder(const XNodeList& deaths);
     // ModelUserTypes.cpp
     bool IsFreeChunkKey(const XString& key) const;
     void Enter(std::unique_ptr<XInheritedNode> definition);

@@ -23,6 +23,7 @@ u32 XModel::DeleteNodes(const std::set<u32>& ids)
         const XNodeList deaths = CollectDeaths(asked, dying);
         DeleteInstancesOf(deaths);
         asked = AnnounceDeaths(deaths, dying);
+        DeleteInstancesUnder(deaths);
         all.insert(all.end(), deaths.begin(), deaths.end());
     }
     for (XBase* node : all) {
@@ -107,6 +108,18 @@ void XModel::DeleteInstancesOf(const XNodeList& deaths)
             for (const u32 id : ids)
                 DeleteInstance(id);
         }
+}
+
+// Instances that their shapes did not delete: a geometry that has the bone in its deformer
+// queue too looks no further.
+void XModel::DeleteInstancesUnder(const XNodeList& deaths)
+{
+    for (const XBase* node : deaths)
+        if (const XBone* bone = XCast<XBone>(node))
+            for (const u32 id : XIndexList(bone->GetInstanceIds()))
+                if (const XInstance* instance = FindInstance(id);
+                    instance && instance->GetParentId() == bone->GetID())
+                    DeleteInstance(id);
 }
 
 std::shared_ptr<const XUserCounts> XModel::CountUsers() const

@@ -98,6 +98,20 @@ TEST_F(ModelDelete, AShapeGoesWithItsLastBone)
     EXPECT_FALSE(m_Model.ListInstances(instances));
 }
 
+TEST_F(ModelDelete, ABoneTakesItsInstancesEvenWhenItStandsInADeformerQueue)
+{
+    OnlyFlags(0);
+    XBone* bone = Make<XBone>("bone");
+    XPolygonMesh* mesh = Make<XPolygonMesh>("mesh");
+    m_Model.CreateInstance(bone, mesh);
+    ASSERT_TRUE(ReadText(*mesh, Replaced(TextOf(*mesh), "deformer_queue 0",
+                                         "deformer_queue 1 " + std::to_string(bone->GetID()))));
+    EXPECT_EQ(m_Model.DeleteNodes({bone->GetID()}), 1u);
+    EXPECT_EQ(Names(), "mesh");
+    XInstanceList instances;
+    EXPECT_FALSE(m_Model.ListInstances(instances));
+}
+
 TEST_F(ModelDelete, AShapeTakesItsInstancesFromBonesThatStay)
 {
     OnlyFlags(0);
