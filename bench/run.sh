@@ -2,7 +2,7 @@
 # Runs every benchmark in turns with its anchors, each in a fresh process, and prints the
 # table of ratios. docs/performance.md says what the rows mean.
 #
-#   bench/run.sh [--runs N] [--quick] [--only mesh|nodes] [--cpu] [--build DIR]
+#   bench/run.sh [--runs N] [--quick] [--only mesh|nodes|skin] [--cpu] [--build DIR]
 #
 # --runs N     rounds; 9 without it. --quick is --runs 3.
 # --only X     one workload alone.
@@ -101,11 +101,27 @@ nodes_round() {
     done
 }
 
+# skin_round ROUND
+skin_round() {
+    local form file
+    for form in text binary; do
+        file=$files/skin-$form.vkt
+        measure skin load-$form library "$1" bench_skin load-$form "$file"
+        if [ $form = text ]; then
+            measure skin load-$form from_chars "$1" bench_skin_from_chars load-$form "$file"
+        else
+            measure skin load-$form read_memcpy "$1" bench_machine read_memcpy "$file"
+        fi
+        measure skin save-$form library "$1" bench_skin save-$form "$out"
+        measure skin save-$form write "$1" bench_machine write "$file" "$out"
+    done
+}
+
 # Files to load, written by the library; their checksums take part in the comparison.
 make_files() {
     local numbers shape count form workload
     for form in text binary; do
-        if [ $only != nodes ]; then
+        if [ $only = all ] || [ $only = mesh ]; then
             for numbers in regular irregular; do
                 workload=mesh
                 [ $numbers = regular ] || workload=mesh-irregular
@@ -113,7 +129,10 @@ make_files() {
                     "$files/$workload-$form.vkt"
             done
         fi
-        if [ $only != mesh ]; then
+        if [ $only = all ] || [ $only = skin ]; then
+            measure skin make-$form library 0 bench_skin save-$form "$files/skin-$form.vkt"
+        fi
+        if [ $only = all ] || [ $only = nodes ]; then
             for shape in deep wide mixed; do
                 for count in 10000 100000 1000000; do
                     workload=nodes-$shape-$count
@@ -130,8 +149,9 @@ echo "load before: $(cut -d ' ' -f 1-3 /proc/loadavg)"
 make_files
 for ((round = 0; round < runs; ++round)); do
     measure machine first_touch machine $round bench_machine first_touch $((64 << 20))
-    [ $only = nodes ] || mesh_round $round
-    [ $only = mesh ] || nodes_round $round
+    case $only in all | mesh) mesh_round $round ;; esac
+    case $only in all | skin) skin_round $round ;; esac
+    case $only in all | nodes) nodes_round $round ;; esac
 done
 echo "load after: $(cut -d ' ' -f 1-3 /proc/loadavg)"
 "$bin/bench_summary" "$results" $clock

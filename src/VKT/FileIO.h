@@ -94,7 +94,15 @@ public:
     std::size_t DoData(T* data, std::size_t count)
     {
         static_assert(std::is_trivially_copyable_v<T> && !std::is_same_v<T, bool>);
-        return DoElements(data, sizeof(T), count);
+        if (count == 0 || count > static_cast<std::size_t>(m_End - m_Cursor) / sizeof(T))
+            return DoElements(data, sizeof(T), count);
+        // Short lists are many: what the window holds takes no call.
+        if (m_Reading)
+            std::memcpy(data, m_Cursor, sizeof(T) * count);
+        else
+            std::memcpy(m_Cursor, data, sizeof(T) * count);
+        m_Cursor += sizeof(T) * count;
+        return count;
     }
     // 12 bytes each; the fourth float reads as 0.
     std::size_t DoData(XVector3* data, std::size_t count);

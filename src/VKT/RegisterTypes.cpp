@@ -70,6 +70,7 @@
 #include "VKT/SculptDeformer.h"
 #include "VKT/ShadingNode.h"
 #include "VKT/Shape.h"
+#include "VKT/SkinCluster.h"
 #include "VKT/Specular.h"
 #include "VKT/SphereMap.h"
 #include "VKT/SpotLight.h"
@@ -181,6 +182,7 @@ constexpr TypeRow kTypes[] = {
     Concrete<XRenderLayer>("renderLayer", "RENDER_LAYER"),
     Concrete<XScaleConstraint>("scaleConstraint", "SCALE_CONSTRAINT"),
     Concrete<XSculptDeformer>("sculptDeformer", "SCULPT_DEFORMER"),
+    Concrete<XSkinCluster>("skinCluster", "SKIN"),
     Abstract<XSpecular>("specular"),
     Concrete<XSphereMap>("sphereMap", "SPHERE_MAP"),
     Concrete<XSpotLight>("spotLight", "SPOT_LIGHT"),

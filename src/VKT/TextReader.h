@@ -8,6 +8,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "VKT/BoneWeight.h"
 #include "VKT/Vectors.h"
 
 namespace VKT {
@@ -64,12 +65,13 @@ public:
     bool Read(u64& value);
     bool Read(f32& value);
 
-    // Up to `count` numbers, or vectors of three numbers, straight to their place. Ends at
+    // Up to `count` numbers, vectors of three or weights of two, straight to their place. Ends at
     // the first failure and answers how many came; the rest is untouched.
     std::size_t ReadSome(f32* out, std::size_t count);
     std::size_t ReadSome(i32* out, std::size_t count);
     std::size_t ReadSome(u32* out, std::size_t count);
     std::size_t ReadSome(XVector3* out, std::size_t count);
+    std::size_t ReadSome(XBoneWeight* out, std::size_t count);  // influence, then weight
     // Those of the next `count` numbers that stand in the window whole and give no trouble;
     // answers how many came. Never fails: behind them stands a word, the end, or just a
     // number that an extraction of its own takes.

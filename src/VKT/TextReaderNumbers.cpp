@@ -153,6 +153,18 @@ std::size_t XTextReader::TakeSome(f32* out, std::size_t count)
     return static_cast<std::size_t>(sink.next - out);
 }
 
+// Such lists are short, so one number at a time.
+std::size_t XTextReader::ReadSome(XBoneWeight* out, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        XBoneWeight weight;
+        if (!ReadNumber(weight.m_Influence) || !ReadNumber(weight.m_Weight))
+            return i;
+        out[i] = weight;
+    }
+    return count;
+}
+
 template <class T, class Sink>
 void XTextReader::ReadInto(Sink& sink)
 {

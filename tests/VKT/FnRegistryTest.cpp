@@ -120,6 +120,7 @@ constexpr Row kRows[] = {
     {21,  "renderLayer",          "RENDER_LAYER"},
     {98,  "scaleConstraint",      "SCALE_CONSTRAINT"},
     {131, "sculptDeformer",       "SCULPT_DEFORMER"},
+    {119, "skinCluster",          "SKIN"},
     {169, "specular",             ""},
     {6,   "sphereMap",            "SPHERE_MAP"},
     {82,  "spotLight",            "SPOT_LIGHT"},

@@ -209,7 +209,8 @@ TEST_P(SampleSweep, CloneWritesTheSameText)
 
 // Properties that stand behind another one of their name or number.
 const std::set<std::string> kHiddenProperties = {
-    "lattice ffd 5", "lattice base_lattice 6", "wireDeformer base_wires 7",
+    "lattice ffd 5",           "lattice base_lattice 6",
+    "skinCluster affected 1",  "wireDeformer base_wires 7",
     "nurbsSurface degree_u 9",  // the degree in v
 };
 

@@ -24,6 +24,18 @@ TEST(TextReader, VectorsGetAZeroBehindThreeFloats)
     });
 }
 
+TEST(TextReader, BoneWeightsHaveTheInfluenceInFront)
+{
+    WithEachReader("3 0.25 4294967295 1 7", [](XTextReader& in) {
+        XBoneWeight weights[3] = {{9, 9}, {9, 9}, {9, 9}};
+        EXPECT_EQ(in.ReadSome(weights, 3), 2u);
+        EXPECT_EQ(weights[0], (XBoneWeight{0.25f, 3}));
+        EXPECT_EQ(weights[1], (XBoneWeight{1.0f, 4294967295}));
+        EXPECT_EQ(weights[2], (XBoneWeight{9.0f, 9}));  // untouched
+        EXPECT_TRUE(in.HasFailed());
+    });
+}
+
 TEST(TextReader, ArrayIsZeroBehindAFailure)
 {
     WithEachReader("1 2 x 4", [](XTextReader& in) {

@@ -135,6 +135,19 @@ NONLINEAR_SINE sine
 	dropoff 11.5
 	offset 11.6
 }
+SKIN skin
+{
+	id 212
+	affected 2 277 283
+	envelope_weight 0.12
+	num_influences 3
+		284 285 286 
+	num_points 3
+	weights
+		2	 2 0.25 0 0.75
+		0	
+		3	 1 0.125 0 0.5 2 0.375
+}
 NONLINEAR_SQUASH squash
 {
 	id 213
