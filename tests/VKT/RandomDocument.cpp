@@ -24,6 +24,12 @@ std::string WithoutRelatives(const std::string& body)
                               std::regex_constants::format_first_only);
 }
 
+// The placement of a bump map: a property of floats that holds an id.
+bool IsIdAsFloat(const XPropertyRow& row)
+{
+    return row.name == std::string_view("placement") && row.type == kPropertyFloat;
+}
+
 // Puts the blank in that two classes forget to write.
 std::string Readable(const std::string& body)
 {
@@ -102,7 +108,7 @@ void RandomDocument::ChangeProperties(XBase& node)
     const XNodeProperties* properties = node.GetNodeProperties();
     for (const XNodeProperties* own = properties; own; own = own->GetBase())
         for (const XPropertyRow& row : own->GetRows())
-            if (!(row.flags & kReadOnly) && Chance(50))
+            if (!(row.flags & kReadOnly) && !IsIdAsFloat(row) && Chance(50))
                 ChangeProperty(node, row);
 }
 
