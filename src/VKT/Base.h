@@ -51,8 +51,8 @@ public:
     // Bytes of the whole binary chunk, its 8-byte header included, as a save under the
     // document's flags would write it. Changes nothing on the node.
     virtual u32 GetDataSize() const;
-    // Appends the ids of all nodes that this one names, in the order of its binary chunk;
-    // repeated ones and 0 for none are among them.
+    // Appends the ids of all nodes that this one names, in its binary chunk or in memory
+    // alone; repeated ones and 0 for none are among them.
     void ListReferences(XIndexList& ids) const;
     // Drops every reference to the dying node `id`. False tells the document that this
     // node has no reason to live on.
@@ -125,12 +125,13 @@ public:
 protected:
     // Cleans the name as if it came from a file; it need not be unique then.
     void CleanOwnName();
+    // The key that the node's text chunk begins with.
+    XString ChunkKey() const;
 
 private:
     friend class XModel;
     friend XBase* XInheritedCreateFrom(const XInheritedNode& definition, XModel* model);
 
-    XString ChunkKey() const;
     bool WriteHeader(XTextWriter& out) const;
     bool ReadHeader(XTextReader& in);
     bool ReadTrailer(XTextReader& in);

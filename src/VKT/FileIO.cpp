@@ -226,9 +226,14 @@ void XFileIO::NoteId(u32 id) const
 
 std::size_t XFileIO::DoIds(XIndexList& ids)
 {
+    NoteIds(ids);
+    return DoData(ids);
+}
+
+void XFileIO::NoteIds(const XIndexList& ids) const
+{
     if (m_Ids)
         m_Ids->insert(m_Ids->end(), ids.begin(), ids.end());
-    return DoData(ids);
 }
 
 std::size_t XFileIO::DoData(XVector3& value)

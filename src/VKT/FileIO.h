@@ -85,8 +85,9 @@ public:
     // a class moves this way is known as its references.
     std::size_t DoId(u32& id);
     std::size_t DoIds(XIndexList& ids);
-    // A reference that this form of the file leaves out.
+    // References that this form of the file leaves out, or that memory alone holds.
     void NoteId(u32 id) const;
+    void NoteIds(const XIndexList& ids) const;
 
     // Arrays whose count is known, moved in one transfer, of elements that stand in the
     // file as they do in memory.

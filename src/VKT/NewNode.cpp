@@ -34,7 +34,8 @@ constexpr Family Row(XNodeFamily family, const char* word)
 constexpr Family kFamilies[] = {
     Row<XNewBase>(kFamilyNone, "none"),           Row<XNewMaterial>(kFamilyMaterial, "material"),
     Row<XNewShape>(kFamilyObject, "object"),      Row<XNewLight>(kFamilyLight, "light"),
-    Row<XNewBone>(kFamilyTransform, "transform"), Row<XNewDeformer>(kFamilyDeformer, "deformer"),
+    Row<XNewBone>(kFamilyTransform, "transform"), Row<XNewEmitter>(kFamilyEmitter, "emitter"),
+    Row<XNewField>(kFamilyField, "field"),        Row<XNewDeformer>(kFamilyDeformer, "deformer"),
     Row<XNewAnim>(kFamilyAnim, "anim"),
 };
 

@@ -1,4 +1,5 @@
 #include "VKT/AimConstraint.h"
+#include "VKT/Air.h"
 #include "VKT/AmbientLight.h"
 #include "VKT/AnimCycle.h"
 #include "VKT/AnimationTake.h"
@@ -13,17 +14,28 @@
 #include "VKT/BumpMap.h"
 #include "VKT/Camera.h"
 #include "VKT/Cluster.h"
+#include "VKT/CollisionBox.h"
+#include "VKT/CollisionCapsule.h"
+#include "VKT/CollisionCone.h"
+#include "VKT/CollisionCylinder.h"
+#include "VKT/CollisionMesh.h"
+#include "VKT/CollisionObject.h"
+#include "VKT/CollisionSphere.h"
 #include "VKT/Constraint.h"
 #include "VKT/CubeMap.h"
 #include "VKT/Deformer.h"
 #include "VKT/DirectionalLight.h"
 #include "VKT/DisplayLayer.h"
+#include "VKT/Drag.h"
+#include "VKT/Emitter.h"
 #include "VKT/EnvMap.h"
 #include "VKT/ExtendedLight.h"
 #include "VKT/FFD.h"
+#include "VKT/Field.h"
 #include "VKT/FnRegistry.h"
 #include "VKT/Geometry.h"
 #include "VKT/GeometryConstraint.h"
+#include "VKT/Gravity.h"
 #include "VKT/HermiteCurve.h"
 #include "VKT/HermitePatch.h"
 #include "VKT/HwShader.h"
@@ -41,6 +53,7 @@
 #include "VKT/Material.h"
 #include "VKT/Mesh.h"
 #include "VKT/MeshVertexColours.h"
+#include "VKT/Newton.h"
 #include "VKT/NodeCollection.h"
 #include "VKT/NonLinearBend.h"
 #include "VKT/NonLinearDeformer.h"
@@ -58,12 +71,14 @@
 #include "VKT/ParametricCurve.h"
 #include "VKT/ParametricSurface.h"
 #include "VKT/ParentConstraint.h"
+#include "VKT/ParticleShape.h"
 #include "VKT/Phong.h"
 #include "VKT/PhongE.h"
 #include "VKT/PointConstraint.h"
 #include "VKT/PointLight.h"
 #include "VKT/PoleVectorConstraint.h"
 #include "VKT/PolygonMesh.h"
+#include "VKT/Radial.h"
 #include "VKT/RampShader.h"
 #include "VKT/RenderLayer.h"
 #include "VKT/ScaleConstraint.h"
@@ -79,8 +94,17 @@
 #include "VKT/TexPlacement2D.h"
 #include "VKT/TexPlacement3D.h"
 #include "VKT/Texture.h"
+#include "VKT/Turbulence.h"
+#include "VKT/Uniform.h"
 #include "VKT/UseBackgroundShader.h"
+#include "VKT/VolumeAxis.h"
+#include "VKT/VolumeBox.h"
+#include "VKT/VolumeCone.h"
+#include "VKT/VolumeCylinder.h"
 #include "VKT/VolumeLight.h"
+#include "VKT/VolumeObject.h"
+#include "VKT/VolumeSphere.h"
+#include "VKT/Vortex.h"
 #include "VKT/WireDeformer.h"
 #include "VKT/WrapDeformer.h"
 
@@ -111,17 +135,20 @@ constexpr TypeRow Concrete(const char* typeName, const char* chunkName)
 constexpr TypeRow kTypes[] = {
     Abstract<XBase>("base"),
     Abstract<XConstraint>("constraint"),
+    Abstract<XField>("field"),
     Abstract<XDeformer>("deformer"),
     Abstract<XNonLinearDeformer>("nonLinear"),
     Abstract<XShadingNode>("shadingNode"),
     Abstract<XMaterial>("material"),
     Abstract<XShape>("shape"),
+    Abstract<XCollisionObject>("collisionObject"),
     Abstract<XGeometry>("geometry"),
     Abstract<XParametricBase>("parametricBase"),
     Abstract<XParametricCurve>("parametricCurve"),
     Abstract<XParametricSurface>("parametricSurface"),
     Abstract<XLight>("light"),
     Abstract<XExtendedLight>("extendedLight"),
+    Abstract<XVolumeObject>("volumeObject"),
     Concrete<XTexture>("texture", "TEXTURE"),
     Abstract<XEnvMap>("envMap"),
     Abstract<XNodeCollection>("nodeCollection"),
@@ -130,6 +157,7 @@ constexpr TypeRow kTypes[] = {
     Concrete<XAnisotropic>("anisotropic", "ANISOTROPIC"),
     Concrete<XAnimCycle>("animCycle", "ANIM_CYCLE"),
     Concrete<XAnimationTake>("animationTake", "ANIMATION_TAKE"),
+    Concrete<XAir>("air", "AIR_FIELD"),
     Concrete<XAreaLight>("areaLight", "AREA_LIGHT"),
     Concrete<XBaseLattice>("baseLattice", "BASE_LATTICE"),
     Concrete<XBone>("bone", "BONE"),
@@ -140,11 +168,20 @@ constexpr TypeRow kTypes[] = {
     Concrete<XBumpMap>("bumpMap", "BUMP_MAP"),
     Concrete<XCamera>("camera", "CAMERA"),
     Concrete<XCluster>("cluster", "CLUSTER"),
+    Concrete<XCollisionBox>("collisionBox", "COLLISION_BOX"),
+    Concrete<XCollisionCone>("collisionCone", "COLLISION_CONE"),
+    Concrete<XCollisionCapsule>("collisionCapsule", "COLLISION_CAPSULE"),
+    Concrete<XCollisionCylinder>("collisionCylinder", "COLLISION_CYLINDER"),
+    Concrete<XCollisionMesh>("collisionMesh", "COLLISION_MESH"),
+    Concrete<XCollisionSphere>("collisionSphere", "COLLISION_SPHERE"),
     Concrete<XCubeMap>("cubeMap", "CUBE_MAP"),
     Concrete<XDirectionalLight>("directionalLight", "DIRECTIONAL_LIGHT"),
     Concrete<XDisplayLayer>("displayLayer", "DISPLAY_LAYER"),
+    Concrete<XDrag>("drag", "DRAG_FIELD"),
+    Concrete<XEmitter>("emitter", "EMITTER"),
     Concrete<XFFD>("ffd", "FFD"),
     Concrete<XGeometryConstraint>("geometryConstraint", "GEOMETRY_CONSTRAINT"),
+    Concrete<XGravity>("gravity", "GRAVITY_FIELD"),
     Concrete<XHermiteCurve>("hermiteCurve", "HERMITE_CURVE"),
     Concrete<XHermitePatch>("hermitePatch", "HERMITE_PATCH"),
     Concrete<XHwShader>("hwShader", "HW_SHADER"),
@@ -160,6 +197,7 @@ constexpr TypeRow kTypes[] = {
     Concrete<XLookAtConstraint>("lookAt", "LOOK_AT_CONSTRAINT"),
     Concrete<XMesh>("mesh", "MESH"),
     Concrete<XMeshVertexColours>("mv", "MESH_VTX_COLOURS"),
+    Concrete<XNewton>("newton", "NEWTON_FIELD"),
     Concrete<XNonLinearBend>("nonLinearBend", "NONLINEAR_BEND"),
     Concrete<XNonLinearFlare>("nonLinearFlare", "NONLINEAR_FLARE"),
     Concrete<XNonLinearSine>("nonLinearSine", "NONLINEAR_SINE"),
@@ -172,6 +210,7 @@ constexpr TypeRow kTypes[] = {
     Concrete<XObjectSet>("objectSet", "OBJECT_SET"),
     Concrete<XOrientConstraint>("orientConstraint", "ORIENT_CONSTRAINT"),
     Concrete<XParentConstraint>("parentConstraint", "PARENT_CONSTRAINT"),
+    Concrete<XParticleShape>("particleShape", "PARTICLE"),
     Concrete<XPhong>("phong", "PHONG"),
     Concrete<XPhongE>("phongE", "PHONGE"),
     Concrete<XPointConstraint>("pointConstraint", "POINT_CONSTRAINT"),
@@ -179,6 +218,7 @@ constexpr TypeRow kTypes[] = {
     Concrete<XPoleVectorConstraint>("poleVectorConstraint", "POLE_VECTOR_CONSTRAINT"),
     Concrete<XPolygonMesh>("polygonMesh", "POLYGON_MESH"),
     Concrete<XRampShader>("rampShader", "RAMP_SHADER"),
+    Concrete<XRadial>("radial", "RADIAL_FIELD"),
     Concrete<XRenderLayer>("renderLayer", "RENDER_LAYER"),
     Concrete<XScaleConstraint>("scaleConstraint", "SCALE_CONSTRAINT"),
     Concrete<XSculptDeformer>("sculptDeformer", "SCULPT_DEFORMER"),
@@ -190,8 +230,16 @@ constexpr TypeRow kTypes[] = {
     Concrete<XTangentConstraint>("tangentConstraint", "TANGENT_CONSTRAINT"),
     Concrete<XTexPlacement2D>("texturePlacement2D", "TEXTURE_2D"),
     Concrete<XTexPlacement3D>("texturePlacement3D", "TEXTURE_PLACEMENT_3D"),
+    Concrete<XTurbulence>("turbulence", "TURBULENCE_FIELD"),
+    Concrete<XUniform>("uniformField", "UNIFORM_FIELD"),
     Concrete<XUseBackgroundShader>("useBackground", "USE_BACKGROUND"),
+    Concrete<XVolumeAxis>("volumeAxis", "VOLUME_AXIS_FIELD"),
+    Concrete<XVolumeBox>("volumeBox", "VOLUME_BOX"),
+    Concrete<XVolumeCone>("volumeCone", "VOLUME_CONE"),
+    Concrete<XVolumeCylinder>("volumeCylinder", "VOLUME_CYLINDER"),
+    Concrete<XVolumeSphere>("volumeSphere", "VOLUME_SPHERE"),
     Concrete<XVolumeLight>("volumeLight", "VOLUME_LIGHT"),
+    Concrete<XVortex>("vortex", "VORTEX_FIELD"),
     Concrete<XWireDeformer>("wireDeformer", "WIRE_DEFORMER"),
     Concrete<XWrapDeformer>("wrapDeformer", "WRAP_DEFORMER"),
 };

@@ -2,6 +2,8 @@
 
 #include "VKT/Bone.h"
 #include "VKT/Deformer.h"
+#include "VKT/Emitter.h"
+#include "VKT/Field.h"
 #include "VKT/Light.h"
 #include "VKT/Material.h"
 #include "VKT/NewNode.h"
@@ -58,6 +60,8 @@ using XNewMaterial = XUserNode<XMaterial, kFnNewMaterial>;
 using XNewShape = XUserNode<XShape, kFnNewShape>;
 using XNewLight = XUserNode<XLight, kFnNewLight>;
 using XNewBone = XUserNode<XBone, kFnNewBone>;
+using XNewEmitter = XUserNode<XEmitter, kFnNewEmitter>;
+using XNewField = XUserNode<XField, kFnNewField>;
 using XNewDeformer = XUserNode<XDeformer, kFnNewDeformer>;
 using XNewAnim = XUserNode<XBase, kFnNewAnim>;
 

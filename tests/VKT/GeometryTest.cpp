@@ -3,6 +3,7 @@
 #include "VKT/Bone.h"
 #include "VKT/NodeTest.h"
 #include "VKT/NonLinearWave.h"
+#include "VKT/ParticleShape.h"
 #include "VKT/PolygonMesh.h"
 
 using namespace VKT;
@@ -97,22 +98,15 @@ TEST_F(Geometry, OlderBytesHoldTheFlagToo)
     EXPECT_EQ(Hex(BodyOf(geometry)), kBytes);
 }
 
-// Stands for the class of particle shapes.
-class Particles : public XNodeClass<Particles, XGeometry, kFnParticleShape> {
-public:
-    using XNodeClass::XNodeClass;
-};
-
 TEST_F(Geometry, OlderParticleShapesHadNeitherPointsNorDeformers)
 {
-    Particles current(&m_Model);
-    EXPECT_FALSE(ReadText(current, ""));
-    EXPECT_EQ(m_Log.Text(), "Error : Expected points got  [.\\src\\VKT\\Geometry:1]\n");
-    EXPECT_TRUE(ReadText(current, kText));
+    XParticleShape current(&m_Model);
+    EXPECT_FALSE(ReadText(current, "fields 0"));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected points got fields [.\\src\\VKT\\Geometry:1]\n");
     MakeOlder();
-    Particles older(&m_Model);
-    EXPECT_TRUE(ReadText(older, ""));
-    EXPECT_TRUE(ReadBody(older, Bytes(kBytes)));
+    XParticleShape older(&m_Model);
+    EXPECT_TRUE(ReadText(older, "fields 0"));
+    EXPECT_TRUE(ReadBody(older, Bytes(kBytes + std::string(" 00 00 00 00"))));
     EXPECT_EQ(older.GetNumPoints(), 2u);
 }
 

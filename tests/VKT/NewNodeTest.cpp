@@ -67,6 +67,8 @@ TEST_F(NewNode, EveryFamilyKeepsItsBodyBehindThatOfItsClass)
              Case{"material", 1, 17, kFnMaterial},
              Case{"object", 2, 85, kFnShape},
              Case{"transform", 4, 88, kFnBone},
+             Case{"emitter", 5, 102, kFnEmitter},
+             Case{"field", 6, 104, kFnField},
              Case{"deformer", 8, 115, kFnDeformer},
          }) {
         SCOPED_TRACE(c.word);
@@ -103,12 +105,13 @@ TEST_F(NewNode, LightsAndAnimationNodesAreWrittenWithoutAKey)
 
 TEST_F(NewNode, FamiliesReadFromEveryWord)
 {
-    u32 families = 0;
-    for (const char* word : {"material", "object", "light", "transform", "deformer", "anim", "unknownword"}) {
+    XIndexList families;
+    for (const char* word : {"material", "object", "light", "transform", "emitter", "field", "deformer",
+                             "anim", "unknownword"}) {
         ASSERT_EQ(LoadQuietly(kHeader + Definition(word, "KIND")), FileOk);
-        families = families * 10 + m_Model.GetNewNodes().at("KIND")->GetFamily();
+        families.push_back(m_Model.GetNewNodes().at("KIND")->GetFamily());
     }
-    EXPECT_EQ(families, 1234890u);
+    EXPECT_EQ(families, (XIndexList{1, 2, 3, 4, 5, 6, 8, 9, 0}));
 }
 
 TEST_F(NewNode, TheFamilySevenHasNoInstances)

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <sstream>
 #include <string>
 
-#include "VKT/NodeProperties.h"
+#include "VKT/Base.h"
 
 namespace VKT::Test {
 
@@ -29,6 +31,30 @@ inline std::string RowsOf(const XNodeProperties* properties)
         out << '\n';
     }
     return out.str();
+}
+
+// Sets the own properties of the node's class, which are bools, floats and vectors, to the
+// values that the lines of a text give to the keys of their names.
+inline void SetProperties(XBase& node, const std::string& lines)
+{
+    const XNodeProperties& properties = *node.GetNodeProperties();
+    for (const XPropertyRow& row : properties.GetRows()) {
+        const std::size_t at = lines.find(std::string("\t") + row.name + ' ');
+        ASSERT_NE(at, std::string::npos) << row.name;
+        std::istringstream in(lines.substr(at + 2 + std::string(row.name).size()));
+        XVector3 value{};
+        in >> value.x;
+        bool isSet = false;
+        if (row.type == kPropertyBool) {
+            isSet = properties.SetBool(&node, row.id, value.x != 0);
+        } else if (row.type == kPropertyFloat) {
+            isSet = properties.SetFloat(&node, row.id, value.x);
+        } else {
+            in >> value.y >> value.z;
+            isSet = properties.SetVector(&node, row.id, value);
+        }
+        EXPECT_TRUE(isSet) << row.name;
+    }
 }
 
 }  // namespace VKT::Test

@@ -17,7 +17,10 @@ namespace {
 
 class RandomDocuments : public NodeTest, public testing::WithParamInterface<u32> {
 protected:
-    RandomDocuments() : m_Random(GetParam()) {}
+    RandomDocuments() : m_Random(GetParam())
+    {
+        m_Random.Omit({kFnCollisionCapsule, kFnCollisionCylinder});  // no reader takes their texts
+    }
 
     RandomDocument m_Random;
 };
@@ -62,14 +65,16 @@ TEST_P(RandomDocuments, BytesToBytesAreTheSameBytes)
     EXPECT_EQ(Hex(SaveBinaryBytes(again)), Hex(first));
 }
 
-// Binary files do not hold the uv sets of instances.
-std::string WithoutUvSets(const std::string& text)
+// Binary files hold neither the uv sets of instances nor the materials of particles.
+std::string WithoutBoth(const std::string& text)
 {
     static const std::regex uvSets("\n\t\t\tnum_uv_sets [0-9]+\n(\t\t\t\t[0-9]+ .*\n)*");
-    return std::regex_replace(text, uvSets, "\n\t\t\tnum_uv_sets 0\n");
+    static const std::regex materials("\t material [0-9]+\n");
+    return std::regex_replace(std::regex_replace(text, uvSets, "\n\t\t\tnum_uv_sets 0\n"), materials,
+                              "\t material 0\n");
 }
 
-TEST_P(RandomDocuments, TextToBytesToTextLosesUvSetsAlone)
+TEST_P(RandomDocuments, TextToBytesToTextLosesUvSetsAndMaterialsOfParticles)
 {
     m_Random.Fill(m_Model, 60);
     XModel settled;
@@ -77,7 +82,7 @@ TEST_P(RandomDocuments, TextToBytesToTextLosesUvSetsAlone)
     const std::string text = SaveText(settled);
     XModel again;
     ASSERT_EQ(LoadBytes(again, SaveBinaryBytes(settled)), FileOk);
-    EXPECT_EQ(SaveText(again), WithoutUvSets(text));
+    EXPECT_EQ(SaveText(again), WithoutBoth(text));
 }
 
 TEST_P(RandomDocuments, BytesToTextToBytesAreTheSameBytes)
@@ -103,7 +108,7 @@ std::set<std::string> Dangling(const XModel& model)
         std::istringstream lines(out.TakeText());
         std::string field;
         for (std::string line; std::getline(lines, line);) {
-            static const std::regex key("^\t*([A-Za-z_]+).*");
+            static const std::regex key("^[\t ]*([A-Za-z_]+).*");
             std::smatch match;
             if (std::regex_match(line, match, key))
                 field = match[1];
@@ -125,8 +130,12 @@ const std::set<std::string> kMayDangle = {
     "connection",        // unless the delete flags reach them
     "blendShape frown",  // targets, by the names that the sample gives them
     "blendShape smile",
+    "emitter emitter_object",
+    "emitter emitter_transform",
     "jointCluster joint_id",
-    "objectSet num_items",  // of a node listed twice one entry stays
+    "objectSet num_items",   // of a node listed twice one entry stays
+    "particleShape fields",  // likewise
+    "particleShape material",
     "sculptDeformer sculpt_object",
     "sculptDeformer start_object",
     "wireDeformer num_wires",

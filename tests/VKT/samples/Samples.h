@@ -5,6 +5,7 @@
 #include "VKT/samples/AnimationSample.h"
 #include "VKT/samples/BasicSample.h"
 #include "VKT/samples/DeformerSample.h"
+#include "VKT/samples/DynamicsSample.h"
 #include "VKT/samples/GeometrySample.h"
 #include "VKT/samples/LightSample.h"
 #include "VKT/samples/RiggingSample.h"
@@ -30,7 +31,7 @@ inline std::ostream& operator<<(std::ostream& out, const Sample& sample)
 inline constexpr Sample kSamples[] = {
     {"Basic", kBasicSample},       {"Light", kLightSample},         {"Shading", kShadingSample},
     {"Deformer", kDeformerSample}, {"Animation", kAnimationSample}, {"Geometry", kGeometrySample},
-    {"Rigging", kRiggingSample},
+    {"Rigging", kRiggingSample},   {"Dynamics", kDynamicsSample},
 };
 
 }  // namespace VKT::Test

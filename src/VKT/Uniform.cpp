@@ -1,0 +1,21 @@
+#include "VKT/Uniform.h"
+
+namespace VKT {
+
+XBodyTable XUniform::TextBody()
+{
+    static constexpr XBodyRow rows[] = {
+        {"\tdirection ", &XUniform::m_Direction},
+    };
+    return {".\\src\\VKT\\Uniform", rows};
+}
+
+XPropertyTable XUniform::Properties()
+{
+    static constexpr XPropertyRow rows[] = {
+        Field<&XUniform::m_Direction>(67, "direction", kAnimatable),
+    };
+    return rows;
+}
+
+}  // namespace VKT

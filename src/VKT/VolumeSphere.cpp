@@ -1,0 +1,21 @@
+#include "VKT/VolumeSphere.h"
+
+namespace VKT {
+
+XBodyTable XVolumeSphere::TextBody()
+{
+    static constexpr XBodyRow rows[] = {
+        {"\tradius ", &XVolumeSphere::m_Radius},
+    };
+    return {".\\src\\VKT\\VolumeSphere", rows};
+}
+
+XPropertyTable XVolumeSphere::Properties()
+{
+    static constexpr XPropertyRow rows[] = {
+        Field<&XVolumeSphere::m_Radius>(1, "radius", kAnimatable),
+    };
+    return rows;
+}
+
+}  // namespace VKT
