@@ -36,7 +36,7 @@ constexpr Family kFamilies[] = {
     Row<XNewShape>(kFamilyObject, "object"),      Row<XNewLight>(kFamilyLight, "light"),
     Row<XNewBone>(kFamilyTransform, "transform"), Row<XNewEmitter>(kFamilyEmitter, "emitter"),
     Row<XNewField>(kFamilyField, "field"),        Row<XNewDeformer>(kFamilyDeformer, "deformer"),
-    Row<XNewAnim>(kFamilyAnim, "anim"),
+    Row<XNewAnim>(kFamilyAnim, "anim"),           Row<XNewHwShader>(kFamilyHwShader, "hw_shader"),
 };
 
 // The row for which `has` holds, or null.

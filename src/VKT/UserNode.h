@@ -4,6 +4,7 @@
 #include "VKT/Deformer.h"
 #include "VKT/Emitter.h"
 #include "VKT/Field.h"
+#include "VKT/HwShader.h"
 #include "VKT/Light.h"
 #include "VKT/Material.h"
 #include "VKT/NewNode.h"
@@ -64,6 +65,7 @@ using XNewEmitter = XUserNode<XEmitter, kFnNewEmitter>;
 using XNewField = XUserNode<XField, kFnNewField>;
 using XNewDeformer = XUserNode<XDeformer, kFnNewDeformer>;
 using XNewAnim = XUserNode<XBase, kFnNewAnim>;
+using XNewHwShader = XUserNode<XHwShader, kFnNewHwShader>;
 
 // The definition that a node was created from, null for a node of a built-in type.
 const XNewNode* GetUserDefinition(const XBase& node);

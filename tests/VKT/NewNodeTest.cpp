@@ -70,6 +70,7 @@ TEST_F(NewNode, EveryFamilyKeepsItsBodyBehindThatOfItsClass)
              Case{"emitter", 5, 102, kFnEmitter},
              Case{"field", 6, 104, kFnField},
              Case{"deformer", 8, 115, kFnDeformer},
+             Case{"hw_shader", 10, 19, kFnHwShader},
          }) {
         SCOPED_TRACE(c.word);
         m_Model.Clear();
@@ -107,11 +108,11 @@ TEST_F(NewNode, FamiliesReadFromEveryWord)
 {
     XIndexList families;
     for (const char* word : {"material", "object", "light", "transform", "emitter", "field", "deformer",
-                             "anim", "unknownword"}) {
+                             "anim", "hw_shader", "unknownword"}) {
         ASSERT_EQ(LoadQuietly(kHeader + Definition(word, "KIND")), FileOk);
         families.push_back(m_Model.GetNewNodes().at("KIND")->GetFamily());
     }
-    EXPECT_EQ(families, (XIndexList{1, 2, 3, 4, 5, 6, 8, 9, 0}));
+    EXPECT_EQ(families, (XIndexList{1, 2, 3, 4, 5, 6, 8, 9, 10, 0}));
 }
 
 TEST_F(NewNode, TheFamilySevenHasNoInstances)
