@@ -8,6 +8,17 @@
 
 namespace VKT {
 
+// What a class adds to its base, as data: what it is read from, and what people are told
+// about it. A class that writes parts of its bodies by hand has only the rest here.
+struct XClassTables {
+    u32 base = kFnBase;  // the type of the class it derives from; the root has itself
+    XBodyTable text;
+    XBodyTable binary;
+    XBodyTable oldText;  // where the body of files below version 4 was another one
+    XBodyTable oldBinary;
+    const XNodeProperties* properties = nullptr;  // those of the base too
+};
+
 // What the registry knows of one node class.
 class XFnInfo {
 public:
@@ -18,6 +29,8 @@ public:
     virtual XString GetChunkName() const = 0;
     // A new node, of no document yet; null for an abstract class.
     virtual XBase* Create(XModel* model) const = 0;
+    // Nothing for a class that the library does not know.
+    virtual XClassTables GetTables() const { return {}; }
 };
 
 // A loader of a foreign file format. None is registered by the library itself.

@@ -90,6 +90,37 @@ public:
             CopyBody(*this, *other, Self::BinaryBody());
     }
 
+    // The tables that the class itself declares, for `XClassTables`.
+    using XParent = Base;
+    static XBodyTable OwnTextBody()
+    {
+        if constexpr (!kIsSame<&Self::TextBody, &Base::TextBody>)
+            return Self::TextBody();
+        else
+            return {};
+    }
+    static XBodyTable OwnBinaryBody()
+    {
+        if constexpr (!kIsSame<&Self::BinaryBody, &Base::BinaryBody>)
+            return Self::BinaryBody();
+        else
+            return {};
+    }
+    static XBodyTable OwnOldTextBody()
+    {
+        if constexpr (HasOldTextBody())
+            return Self::OldTextBody();
+        else
+            return {};
+    }
+    static XBodyTable OwnOldBinaryBody()
+    {
+        if constexpr (HasOldBinaryBody())
+            return Self::OldBinaryBody();
+        else
+            return {};
+    }
+
 private:
     // What the class reports as the number of its properties; 0 for the sum of the rows.
     static constexpr u32 Total()

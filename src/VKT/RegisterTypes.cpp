@@ -117,18 +117,30 @@ struct TypeRow {
     const char* typeName;
     const char* chunkName;
     XBase* (*create)(XModel*);
+    XClassTables (*tables)();
 };
+
+template <class Node>
+XClassTables TablesOf()
+{
+    if constexpr (std::is_same_v<Node, XBase>)
+        return {kFnBase, {}, {}, {}, {}, XBase::ClassProperties()};
+    else
+        return {Node::XParent::kType,   Node::OwnTextBody(),      Node::OwnBinaryBody(),
+                Node::OwnOldTextBody(), Node::OwnOldBinaryBody(), Node::ClassProperties()};
+}
 
 template <class Node>
 constexpr TypeRow Abstract(const char* typeName)
 {
-    return {Node::kType, typeName, "", [](XModel*) -> XBase* { return nullptr; }};
+    return {Node::kType, typeName, "", [](XModel*) -> XBase* { return nullptr; }, TablesOf<Node>};
 }
 
 template <class Node>
 constexpr TypeRow Concrete(const char* typeName, const char* chunkName)
 {
-    return {Node::kType, typeName, chunkName, [](XModel* model) -> XBase* { return new Node(model); }};
+    return {Node::kType, typeName, chunkName, [](XModel* model) -> XBase* { return new Node(model); },
+            TablesOf<Node>};
 }
 
 // The classes in the order of their registration.
@@ -251,6 +263,7 @@ public:
     XString GetTypeName() const override { return m_Row.typeName; }
     XString GetChunkName() const override { return m_Row.chunkName; }
     XBase* Create(XModel* model) const override { return m_Row.create(model); }
+    XClassTables GetTables() const override { return m_Row.tables(); }
 
 private:
     const TypeRow& m_Row;
