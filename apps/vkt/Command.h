@@ -21,6 +21,7 @@ using Run = std::function<int(Log&)>;
 // `run`, whose target outlives the parser.
 void AddInfoCommand(CLI::App& program, Run& run);
 void AddTreeCommand(CLI::App& program, Run& run);
+void AddDiffCommand(CLI::App& program, Run& run);
 void AddConvertCommand(CLI::App& program, Run& run);
 void AddExportCommand(CLI::App& program, Run& run);
 

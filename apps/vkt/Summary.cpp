@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <numeric>
 
-#include "VKT/FnRegistry.h"
+#include "NodeNames.h"
 #include "VKT/Model.h"
 #include "VKT/PolygonMesh.h"
 
@@ -55,7 +55,7 @@ GeometrySummary SummariseGeometry(const VKT::XGeometry& geometry)
 {
     GeometrySummary out;
     out.name = geometry.GetName();
-    out.type = VKT::XFnTypeName(geometry.GetApiType());
+    out.type = TypeNameOf(geometry);
     out.sizes.points = geometry.GetNumPoints();
     if (const auto* mesh = VKT::XCast<VKT::XPolygonMesh>(&geometry))
         AddPolygons(out, *mesh);
@@ -80,7 +80,7 @@ Summary Summarise(const VKT::XModel& model, const std::string& path)
     out.images = model.GetImages().size();
     out.droppedChunks = model.GetNumDroppedChunks();
     for (const auto& [name, node] : model.GetNodes()) {
-        ++out.nodesByType[VKT::XFnTypeName(node->GetApiType())];
+        ++out.nodesByType[TypeNameOf(*node)];
         if (const auto* geometry = VKT::XCast<VKT::XGeometry>(node)) {
             const Sizes& sizes = out.geometry.emplace_back(SummariseGeometry(*geometry)).sizes;
             out.sizes.points += sizes.points;

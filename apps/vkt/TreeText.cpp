@@ -4,10 +4,10 @@
 #include <unordered_set>
 #include <vector>
 
+#include "NodeNames.h"
 #include "TerminalText.h"
 #include "VKT/Bone.h"
 #include "VKT/Deformer.h"
-#include "VKT/FnRegistry.h"
 #include "VKT/Geometry.h"
 #include "VKT/Model.h"
 
@@ -24,11 +24,6 @@ std::string Indent(std::size_t depth)
     if (depth <= kDeepestIndent)
         return std::string(2 * depth, ' ');
     return std::string(2 * kDeepestIndent, ' ') + "[" + std::to_string(depth) + "] ";
-}
-
-std::string NameAndType(const XBase& node)
-{
-    return CleanText(node.GetName()) + " (" + CleanText(VKT::XFnTypeName(node.GetApiType())) + ")";
 }
 
 // "red", "none", or what is wrong.

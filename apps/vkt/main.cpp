@@ -26,6 +26,7 @@ int main(int argc, char** argv)
     tool::Run run;
     tool::AddInfoCommand(program, run);
     tool::AddTreeCommand(program, run);
+    tool::AddDiffCommand(program, run);
     tool::AddConvertCommand(program, run);
     tool::AddExportCommand(program, run);
     try {

@@ -1,0 +1,79 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+#include <string>
+
+#include "Command.h"
+#include "Differences.h"
+#include "Log.h"
+#include "NodeFields.h"
+#include "Output.h"
+#include "TerminalText.h"
+#include "VKT/Model.h"
+
+namespace tool {
+namespace {
+
+struct DiffRequest {
+    std::string a;
+    std::string b;
+    double tolerance = 0.0;
+    bool json = false;
+    bool verbose = false;
+};
+
+// Answers the exit status.
+int Load(VKT::XModel& model, const std::string& path, Log& log)
+{
+    log.ShowProgress("reading " + path);
+    const VKT::XFileResult result = model.Load(path.c_str());
+    if (result != VKT::FileOk)
+        return log.SayLoadFailed(path, result);
+    if (const VKT::u32 count = model.GetNumDroppedChunks())
+        log.Say(Quoted(path) + ": " + Counted(count, "chunk") + " cannot be read and " +
+                (count == 1 ? "is" : "are") + " not compared");
+    const auto& nodes = model.GetNodes();
+    if (!std::all_of(nodes.begin(), nodes.end(),
+                     [](const auto& entry) { return NodeFields::CanDescribe(*entry.second); })) {
+        log.Say(Quoted(path) + " cannot be compared: a mesh claims far more corners than it has indices");
+        return kFailure;
+    }
+    return kSuccess;
+}
+
+int Diff(const DiffRequest& request, Log& log)
+{
+    log.SetVerbose(request.verbose);
+    VKT::XModel a;
+    VKT::XModel b;
+    if (const int status = Load(a, request.a, log); status != kSuccess)
+        return status;
+    if (const int status = Load(b, request.b, log); status != kSuccess)
+        return status;
+    log.ShowProgress("comparing");
+    const std::vector<Difference> differences = FindDifferences(a, b, request.tolerance);
+    log.Flush();
+    const std::string result = request.json ? ToJson(differences, request.a, request.b, request.tolerance)
+                                            : ToText(differences, request.a, request.b);
+    return WriteResult(result) && differences.empty() ? kSuccess : kFailure;
+}
+
+}  // namespace
+
+void AddDiffCommand(CLI::App& program, Run& run)
+{
+    CLI::App* const command = program.add_subcommand("diff", "Show where two scene files differ in content");
+    const auto request = std::make_shared<DiffRequest>();
+    command->add_option("A", request->a, "A .vkt or .xld file, text or binary")->required();
+    command->add_option("B", request->b, "The file to compare it with")->required();
+    command->add_option("--tolerance", request->tolerance, "How far numbers may differ; 0 by default")
+        ->check(CLI::NonNegativeNumber);
+    command->add_flag("--json", request->json, "Print one JSON object instead of text");
+    command->add_flag("--verbose", request->verbose, "Show each message of the library");
+    command->footer(
+        "Nodes are matched by name and type. Exit status 1 when the files differ.\n\n"
+        "Example:\n  vkt diff robot.vkt robot-binary.vkt --tolerance 1e-5");
+    command->callback([request, &run] { run = [request](Log& log) { return Diff(*request, log); }; });
+}
+
+}  // namespace tool
