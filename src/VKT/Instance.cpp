@@ -149,23 +149,32 @@ bool XInstance::Read(XBone& bone, XTextReader& in)
         GetLogger()->LogFormat(
             kWarning, node ? "Shape ID %d : name %s is not a shape." : "Shape ID %d : name %s not found.",
             shapeId, name.c_str());
+        model.Drop(XDroppedReference{bone.GetName(), name, "shape", shapeId});
         SkipBlock(in);
         return true;
     }
     XInstance& instance = *model.CreateInstance(&bone, shape);
-    for (const XInstanceUvSet& uvSet : uvSets)
-        if (const XBase* texture = model.FindNode(uvSet.m_Texture); texture && texture->HasFn(kFnTexture))
-            instance.AddUvSet(uvSet.m_Texture, uvSet.m_SetName);
     instance.m_Name = name;
-    return instance.ReadMaterials(in);
+    for (const XInstanceUvSet& uvSet : uvSets)
+        if (instance.CanName(uvSet.m_Texture, kFnTexture, "texture", bone))
+            instance.AddUvSet(uvSet.m_Texture, uvSet.m_SetName);
+    return instance.ReadMaterials(in, bone);
 }
 
-bool XInstance::ReadMaterials(XTextReader& in)
+// Whether an id from a text file leads to a node of that type. One that does not is dropped.
+bool XInstance::CanName(u32 id, u32 type, const char* kind, const XBone& bone) const
 {
-    const auto isMaterial = [this](u32 id) {
-        const XBase* node = m_Model->FindNode(id);
-        return node && node->HasFn(kFnMaterial);
-    };
+    const XBase* node = m_Model->FindNode(id);
+    if (node && node->HasFn(type))
+        return true;
+    if (id != 0)
+        m_Model->Drop(XDroppedReference{bone.GetName(), m_Name, kind, id});
+    return false;
+}
+
+bool XInstance::ReadMaterials(XTextReader& in, const XBone& bone)
+{
+    const auto isMaterial = [&](u32 id) { return CanName(id, kFnMaterial, "material", bone); };
     XString token;
     for (in.ReadToken(token);; in.ReadToken(token)) {
         if (token == "material") {

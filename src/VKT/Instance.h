@@ -80,7 +80,9 @@ private:
     friend class XBone;
     friend class XModel;
 
-    bool ReadMaterials(XTextReader& in);
+    // The bone that is being read is not in the document yet.
+    bool CanName(u32 id, u32 type, const char* kind, const XBone& bone) const;
+    bool ReadMaterials(XTextReader& in, const XBone& bone);
 
     u32 m_ID = 0;
     bool m_IsDead = false;  // deleted, and not yet out of the document's list

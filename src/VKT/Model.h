@@ -27,6 +27,17 @@ struct XDroppedChunk {
     bool isDamaged;  // else there is no class for it
 };
 
+// What an instance in a text file named and a load could not use: no node of that kind stands
+// ahead of it in the file. Without its shape the whole instance is dropped.
+struct XDroppedReference {
+    XString bone;
+    XString instance;
+    const char* kind;  // "shape", "material" or "texture"
+    u32 id;
+
+    bool IsShape() const { return std::string_view(kind) == "shape"; }
+};
+
 // The document: the single owner of all nodes of one scene. It creates nodes, gives
 // them ids and unique names, finds them, keeps the instances that hang shapes under
 // bones, and reads and writes itself as a text or a binary file.
@@ -135,12 +146,19 @@ public:
     XFileResult Load(std::istream& in, const char* path, bool loadCycles = true);
     XFileResult Save(std::ostream& out);
 
+    // Whether a text save would be taken on: false, with a logged error, for a document that
+    // claims far more data than it holds, which a text file would have to pad.
+    bool CanSaveAsText() const;
+
     // 4 in a new document and before every save, after a load that of the file.
     u32 GetVersion() const { return m_Version; }
     // Chunks that the last load could not use and skipped: how many, and the first thousand
     // of them in the order of the file.
     u32 GetNumDroppedChunks() const { return m_NumDroppedChunks; }
     const XVector<XDroppedChunk>& GetDroppedChunks() const { return m_DroppedChunks; }
+    // References that the last load dropped, of the same length.
+    u32 GetNumDroppedReferences() const { return m_NumDroppedReferences; }
+    const XVector<XDroppedReference>& GetDroppedReferences() const { return m_DroppedReferences; }
     XFlagStack& GetCopyFlags() { return m_CopyFlags; }
     XFlagStack& GetDeleteFlags() { return m_DeleteFlags; }
     XFlagStack& GetSaveFlags() { return m_SaveFlags; }
@@ -154,6 +172,7 @@ public:
 private:
     friend class XBase;           // starts outside of m_Nodes
     friend class XBone;           // instances that a bone reads
+    friend class XInstance;       // what an instance could not use
     friend class XSampledStream;  // samples that a file claims
 
     u32 NextId();
@@ -188,8 +207,8 @@ private:
     void RenewLastId();
     void Abandon(XBase& node);
     void Drop(XDroppedChunk chunk);
+    void Drop(XDroppedReference reference);
     void ListForSave(XNodeList& out) const;
-    bool CanSaveAsText() const;
     bool CanSaveAsBinary() const;
     // ModelText.cpp
     XFileResult LoadAscii(const char* path, bool loadCycles);
@@ -235,6 +254,8 @@ private:
 
     u32 m_NumDroppedChunks = 0;
     XVector<XDroppedChunk> m_DroppedChunks;
+    u32 m_NumDroppedReferences = 0;
+    XVector<XDroppedReference> m_DroppedReferences;
     u64 m_SamplePadding = 0;  // zeroes that stand for samples which the file did not hold
     // Instances by (bone, shape), and for each shape in the document's order, so that
     // neither hanging nor linking a shape walks a list.

@@ -15,6 +15,9 @@ namespace {
 
 constexpr std::string_view kFormatMark = "|VKT_";
 
+// A file can hold any number of what a load drops.
+constexpr u32 kMostDroppedKept = 1000;
+
 // Three digits at offset 5 of the header.
 u32 VersionOf(std::string_view header)
 {
@@ -71,6 +74,8 @@ XFileResult XModel::LoadSafely(const char* path, Reading read)
     Clear();
     m_NumDroppedChunks = 0;
     m_DroppedChunks.clear();
+    m_NumDroppedReferences = 0;
+    m_DroppedReferences.clear();
     XFileResult result = FileCorrupt;
     try {
         result = read();
@@ -130,12 +135,16 @@ void XModel::Abandon(XBase& node)
         DeleteInstance(*id);
 }
 
-// A file can hold any number of them.
 void XModel::Drop(XDroppedChunk chunk)
 {
-    constexpr u32 kMostKept = 1000;
-    if (m_NumDroppedChunks++ < kMostKept)
+    if (m_NumDroppedChunks++ < kMostDroppedKept)
         m_DroppedChunks.push_back(std::move(chunk));
+}
+
+void XModel::Drop(XDroppedReference reference)
+{
+    if (m_NumDroppedReferences++ < kMostDroppedKept)
+        m_DroppedReferences.push_back(std::move(reference));
 }
 
 void XModel::RenewLastId()

@@ -233,6 +233,38 @@ TEST_F(Instance, WhatIsNoTextureOrNoMaterialIsDropped)
     EXPECT_EQ(m_Log.Text(), "");
 }
 
+// A load keeps count of what it drops.
+TEST_F(Instance, LoadNamesTheReferencesThatItDrops)
+{
+    m_Bone.SetName("hip");
+    const std::string text = SaveText(m_Model);
+    const std::string list =
+        Replaced(Replaced(kWithMaterial, "5 map1", "98 map1"), "material 2", "material 99") +
+        Replaced(kWithGroups, "object_id 1", "object_id 44");
+    XModel model;
+    ASSERT_EQ(LoadText(model, Replaced(text, "INSTANCE_LIST\n\t{\n", "INSTANCE_LIST\n\t{\n" + list)), FileOk);
+    EXPECT_EQ(model.GetNumDroppedReferences(), 3u);
+    std::string dropped;
+    for (const XDroppedReference& reference : model.GetDroppedReferences())
+        dropped += reference.bone + ' ' + reference.instance + ' ' + reference.kind + ' ' +
+                   std::to_string(reference.id) + (reference.IsShape() ? " whole\n" : "\n");
+    EXPECT_EQ(dropped,
+              "hip lamp texture 98\n"
+              "hip lamp material 99\n"
+              "hip shade shape 44 whole\n");
+
+    // Those of a group, and no more than a thousand are kept.
+    std::string many;
+    for (int i = 0; i < 1500; ++i)
+        many += Replaced(kWithGroups, "material_id 3", "material_id 97");
+    ASSERT_EQ(LoadText(model, Replaced(text, "INSTANCE_LIST\n\t{\n", "INSTANCE_LIST\n\t{\n" + many)), FileOk);
+    EXPECT_EQ(model.GetNumDroppedReferences(), 1500u);
+    EXPECT_EQ(model.GetDroppedReferences().size(), 1000u);
+    ASSERT_EQ(LoadText(model, text), FileOk);
+    EXPECT_EQ(model.GetNumDroppedReferences(), 0u);
+    EXPECT_TRUE(model.GetDroppedReferences().empty());
+}
+
 TEST_F(Instance, SecondOneOfAShapeIsTheFirstAgain)
 {
     EXPECT_TRUE(ReadList(m_Bone, std::string(kPlain) + kWithMaterial));
