@@ -1,12 +1,10 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <memory>
 #include <string>
 
 #include "Command.h"
 #include "Differences.h"
 #include "Log.h"
-#include "NodeFields.h"
 #include "Output.h"
 #include "TerminalText.h"
 #include "VKT/Model.h"
@@ -32,10 +30,8 @@ int Load(VKT::XModel& model, const std::string& path, Log& log)
     if (const VKT::u32 count = model.GetNumDroppedChunks())
         log.Say(Quoted(path) + ": " + Counted(count, "chunk") + " cannot be read and " +
                 (count == 1 ? "is" : "are") + " not compared");
-    const auto& nodes = model.GetNodes();
-    if (!std::all_of(nodes.begin(), nodes.end(),
-                     [](const auto& entry) { return NodeFields::CanDescribe(*entry.second); })) {
-        log.Say(Quoted(path) + " cannot be compared: a mesh claims far more corners than it has indices");
+    if (!model.CanSaveAsText()) {
+        log.Say(Quoted(path) + " cannot be compared");
         return kFailure;
     }
     return kSuccess;

@@ -11,6 +11,7 @@
 #include "FieldDifferences.h"
 #include "NodeNames.h"
 #include "TerminalText.h"
+#include "VKT/AnimCycle.h"
 #include "VKT/FnRegistry.h"
 #include "VKT/Model.h"
 
@@ -27,14 +28,15 @@ struct NodeGroup {
 };
 using NodeGroups = std::map<std::pair<std::string, std::string>, NodeGroup>;
 
-NodeGroups GroupNodes(const XModel& a, const XModel& b)
+void AddNodes(const XModel& model, NodeGroups& groups, std::vector<const XBase*> NodeGroup::*side)
 {
-    NodeGroups groups;
-    for (const auto& [name, node] : a.GetNodes())
-        groups[{node->GetName(), TypeNameOf(*node)}].a.push_back(node);
-    for (const auto& [name, node] : b.GetNodes())
-        groups[{node->GetName(), TypeNameOf(*node)}].b.push_back(node);
-    return groups;
+    const auto add = [&](const XBase& node) {
+        (groups[{node.GetName(), TypeNameOf(node)}].*side).push_back(&node);
+    };
+    for (const auto& [name, node] : model.GetNodes())
+        add(*node);
+    for (const auto& cycle : model.GetCycles())
+        add(*cycle);
 }
 
 // Tells things of one name apart.
@@ -183,7 +185,9 @@ std::vector<Difference> FindDifferences(const XModel& a, const XModel& b, double
 {
     std::vector<Difference> out;
     CompareTexts(DescribeDocument(a), DescribeDocument(b), out);
-    const NodeGroups groups = GroupNodes(a, b);
+    NodeGroups groups;
+    AddNodes(a, groups, &NodeGroup::a);
+    AddNodes(b, groups, &NodeGroup::b);
     const NodeWords wordsA(a, groups, &NodeGroup::a);
     const NodeWords wordsB(b, groups, &NodeGroup::b);
     const NodeNamer nameInA = std::cref(wordsA);

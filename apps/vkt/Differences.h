@@ -23,12 +23,12 @@ struct Difference {
 
 // What two documents that were loaded hold otherwise.
 //
-// Nodes are compared by what their text forms hold, with floats in full; those of one name
-// and type are matched in order. Ids don't matter, nor does the order of chunks: a
-// reference is compared by the node that it leads to. Numbers are equal when they differ
-// by at most `tolerance`, or, above 1, by that part of the larger one.
+// Nodes, animation cycles among them, are compared by what their text forms hold, with floats in full; those
+// of one name and type are matched in order. Ids don't matter, nor does the order of chunks: a reference is
+// compared by the node that it leads to. Numbers are equal when they differ by at most `tolerance`, or, above
+// 1, by that part of the larger one.
 //
-// The documents must be such that all nodes can be described (`NodeFields`).
+// Both documents must be such that they could be saved as text (`XModel::CanSaveAsText`).
 std::vector<Difference> FindDifferences(const VKT::XModel& a, const VKT::XModel& b, double tolerance);
 
 // For people: a line for each, names cleaned.

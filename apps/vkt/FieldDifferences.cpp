@@ -1,8 +1,9 @@
 #include "FieldDifferences.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
+
+#include "TerminalText.h"
 
 namespace tool {
 namespace {
@@ -20,24 +21,18 @@ Words SplitWords(std::string_view line)
     return words;
 }
 
-double NumberOf(std::string_view word)
-{
-    if (word.starts_with('+'))
-        word.remove_prefix(1);
-    double number = 0;
-    std::from_chars(word.data(), word.data() + word.size(), number);
-    return number;
-}
-
+// Infinity is near to nothing.
 bool AreEqual(std::string_view a, std::string_view b, double tolerance)
 {
     if (a == b)
         return true;
-    if (!IsNumber(a) || !IsNumber(b))
+    const std::optional<double> x = NumberOf(a);
+    const std::optional<double> y = NumberOf(b);
+    if (!x || !y)
         return false;
-    const double x = NumberOf(a);
-    const double y = NumberOf(b);
-    return x == y || std::abs(x - y) <= tolerance * std::max({1.0, std::abs(x), std::abs(y)});
+    if (!std::isfinite(*x) || !std::isfinite(*y))
+        return *x == *y;
+    return std::abs(*x - *y) <= tolerance * std::max({1.0, std::abs(*x), std::abs(*y)});
 }
 
 std::string Joined(const Words& words)
@@ -46,12 +41,6 @@ std::string Joined(const Words& words)
     for (std::size_t i = 0; i < words.size() && i < kShownWords; ++i)
         out.append(i == 0 ? "" : " ").append(words[i]);
     return words.size() > kShownWords ? out + " ..." : out;
-}
-
-std::string Bracketed(std::size_t place)
-{
-    std::string out = "[";
-    return out.append(std::to_string(place)).append("]");
 }
 
 // Compares lines, or rows, of one field.

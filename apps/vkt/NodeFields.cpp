@@ -3,26 +3,15 @@
 #include <algorithm>
 #include <charconv>
 
+#include "MessageCatcher.h"
+#include "VKT/AnimCycle.h"
 #include "VKT/ExtraAttributes.h"
-#include "VKT/Logger.h"
-#include "VKT/PolygonMesh.h"
 #include "VKT/TextWriter.h"
 
 namespace tool {
 namespace {
 
 constexpr std::string_view kWhite = " \t\r";
-
-// Drops messages as long as it lives.
-class Silence final : public VKT::XLogger {
-public:
-    Silence() { VKT::SetLogger(this); }
-    ~Silence() override { VKT::SetLogger(m_Logger); }
-    void LogString(VKT::XLogLevel, const VKT::XString&) override {}
-
-private:
-    VKT::XLogger* m_Logger = VKT::GetLogger();
-};
 
 // Behind the closing quote of the text that begins with an opening one.
 std::size_t EndOfQuoted(std::string_view text)
@@ -64,7 +53,7 @@ std::size_t IndentOf(std::string_view line)
 // Numbers, quoted texts and what stands for nodes begin a row of values.
 bool BeginsRow(std::string_view word)
 {
-    return word.starts_with('"') || word.starts_with('<') || IsNumber(word);
+    return word.starts_with('"') || word.starts_with('<') || NumberOf(word).has_value();
 }
 
 // A key of a line, with the words behind it that tell blocks apart, such as the name of a
@@ -74,7 +63,7 @@ std::string TakeBlockLabel(std::string_view& line)
     std::string label(TakeWord(line));
     for (std::string_view rest = line;;) {
         const std::string_view word = TakeWord(rest);
-        if (word.empty() || word == "{" || IsNumber(word))
+        if (word.empty() || word == "{" || NumberOf(word))
             return label;
         label.append(" ").append(word);
         line = rest;
@@ -83,13 +72,13 @@ std::string TakeBlockLabel(std::string_view& line)
 
 }  // namespace
 
-bool IsNumber(std::string_view word)
+std::optional<double> NumberOf(std::string_view word)
 {
     if (word.starts_with('+'))
         word.remove_prefix(1);
     double number = 0;
     const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    return error != std::errc::invalid_argument && end == word.data() + word.size();
+    return error == std::errc() && end == word.data() + word.size() ? std::optional(number) : std::nullopt;
 }
 
 std::string_view TakeWord(std::string_view& line)
@@ -102,22 +91,18 @@ std::string_view TakeWord(std::string_view& line)
     return word;
 }
 
-bool NodeFields::CanDescribe(const VKT::XBase& node)
-{
-    constexpr VKT::u64 mostPadding = 1 << 24;
-    const auto* mesh = VKT::XCast<VKT::XPolygonMesh>(&node);
-    return !mesh || mesh->GetTextPadding() <= mostPadding;
-}
-
 std::string NodeFields::Describe(const VKT::XBase& node, const NodeNamer& nameOf)
 {
-    const Silence silence;
+    const MessageCatcher silence;
     VKT::XTextWriter out;
     out.Describe(nameOf);
     node.WriteChunk(out);
     if (const VKT::XExtraAttributes* attributes = node.GetExtraAttributes())
         attributes->Write(out, *node.GetModel());
-    return out.TakeText();
+    std::string text = out.TakeText();
+    if (VKT::XCast<VKT::XAnimCycle>(&node))
+        text.erase(0, text.find('\n') + 1);  // a cycle writes its own header
+    return text;
 }
 
 NodeFields::NodeFields(std::string_view description)

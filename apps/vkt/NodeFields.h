@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -35,9 +36,8 @@ struct NodeField {
 // lines, and what is indented further stands below them.
 class NodeFields {
 public:
-    // False when a text save of the node would be refused for its size.
-    static bool CanDescribe(const VKT::XBase& node);
-    // Messages that the library has about names are dropped here.
+    // Damaged nodes may take gigabytes: ask `XModel::CanSaveAsText` first. Messages that the library has
+    // about names are dropped here.
     static std::string Describe(const VKT::XBase& node, const NodeNamer& nameOf);
 
     // Keeps views of `description`.
@@ -59,7 +59,8 @@ private:
 // Takes the next word off `line`: up to white space, and to the closing quote where it
 // begins with one. Empty at the end of the line.
 std::string_view TakeWord(std::string_view& line);
-// Whether the word is a number. Infinities and NaN are.
-bool IsNumber(std::string_view word);
+// The number that the word is, none for any other word. Infinities and NaN are numbers; those
+// too large for a double are not.
+std::optional<double> NumberOf(std::string_view word);
 
 }  // namespace tool

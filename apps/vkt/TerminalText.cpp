@@ -73,6 +73,12 @@ std::string Quoted(std::string_view text)
     return out;
 }
 
+std::string Bracketed(std::size_t place)
+{
+    std::string out = "[";
+    return out.append(std::to_string(place)).append("]");
+}
+
 std::string Counted(std::size_t count, std::string_view thing)
 {
     std::string out = std::to_string(count) + " ";

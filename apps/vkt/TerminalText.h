@@ -14,6 +14,8 @@ std::string CleanText(std::string_view text);
 
 // The text as it is, between double quotes.
 std::string Quoted(std::string_view text);
+// "[3]".
+std::string Bracketed(std::size_t place);
 // "1 point", "2 points".
 std::string Counted(std::size_t count, std::string_view thing);
 

@@ -86,6 +86,13 @@ TEST_F(Diff, NumbersMayDifferByTheTolerance)
               1);
 }
 
+TEST_F(Diff, InfinityIsNearToNothing)
+{
+    const std::string other = With(kPlate, "scale_limit_z -INF +INF", "scale_limit_z -INF 5");
+    EXPECT_EQ(Differences(kPlate, other, {"--tolerance", "0.1"}),
+              "plate (bone): scale_limit_z: -INF +INF -> -INF 5\n");
+}
+
 TEST_F(Diff, ZeroesAreEqualWhateverTheirSign)
 {
     EXPECT_EQ(Compare(kPlate, With(kPlate, "0 1 0.5\n", "-0 1 0.5\n")).status, 0);
@@ -221,6 +228,28 @@ TEST_F(Diff, BodiesOfDeclaredTypesAreCompared)
               "fluffy (CLOUD): shape / wide: 3 -> 4\n");
 }
 
+TEST_F(Diff, AnimationCyclesAreCompared)
+{
+    const auto scene = [](int bone, const std::string& frame) {
+        const std::string id = std::to_string(bone);
+        return kHeader + Bone("hips", bone, 0) +
+               "ANIM_CYCLE \"walk\"\n{\n\tnum_bones 1\n\tstart 0\n\tend 1\n\tnum_frames 2\n\tfps 25\n"
+               "\tBONE_ANIM " +
+               id + "\n\t{\n\t\t0 0 0 1 1 2 3 1 1 1\n\t\t" + frame +
+               "\n\t}\n\tANIM_CURVE_LIST blend\n\t{\n\t\tnode " + id +
+               "\n\t\tnum_curves 1\n\t\tANIM_CURVE weight\n\t\t{\n\t\t\tattr_name visible\n"
+               "\t\t\tnum_keys 1\n\t\t\t\ttime 0 value 1 in 0 out 0\n\t\t}\n\t}\n}\n";
+    };
+    const std::string a = scene(3, "0 0 0 1 4 5 6 1 1 1");
+    EXPECT_EQ(Compare(a, scene(7, "0 0 0 1 4 5 6 1 1 1")).out, "");
+    EXPECT_EQ(Differences(a, With(scene(3, "0 0 0 1 4 5 7 1 1 1"), "value 1", "value 2")),
+              "walk (animCycle): BONE_ANIM \"hips\"[1][6]: 6 -> 7\n"
+              "walk (animCycle): ANIM_CURVE_LIST blend / ANIM_CURVE weight / num_keys / time: 0 value 1 in 0 "
+              "out 0 -> 0 "
+              "value 2 in 0 out 0\n");
+    EXPECT_EQ(Differences(a, kHeader + Bone("hips", 3, 0)), "walk (animCycle): only in a.vkt\n");
+}
+
 TEST_F(Diff, ImagesAreCompared)
 {
     // One record: id 7, 4 by 4 of two channels, named "dot", from "/dot".
@@ -294,8 +323,8 @@ TEST_F(Diff, MeshThatClaimsTooManyCornersIsRefused)
     const ToolResult result = Compare(kPlate, bytes);
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.out, "");
-    EXPECT_NE(result.err.find("vkt: \"b.vkt\" cannot be compared: a mesh claims far more corners than it has "
-                              "indices\n"),
+    EXPECT_NE(result.err.find("Error : the document's polygons claim more corners than its index sets hold\n"
+                              "vkt: \"b.vkt\" cannot be compared\n"),
               std::string::npos)
         << result.err;
 }
