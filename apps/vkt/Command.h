@@ -22,6 +22,7 @@ using Run = std::function<int(Log&)>;
 void AddInfoCommand(CLI::App& program, Run& run);
 void AddTreeCommand(CLI::App& program, Run& run);
 void AddDiffCommand(CLI::App& program, Run& run);
+void AddValidateCommand(CLI::App& program, Run& run);
 void AddConvertCommand(CLI::App& program, Run& run);
 void AddExportCommand(CLI::App& program, Run& run);
 

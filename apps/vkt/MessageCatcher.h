@@ -23,16 +23,19 @@ public:
     void LogString(VKT::XLogLevel level, const VKT::XString& message) override
     {
         constexpr std::size_t mostKept = 100;
+        if (level == VKT::kError && m_FirstError.empty())
+            m_FirstError = message;
         if (m_Messages.size() < mostKept)
             m_Messages.push_back({level, message});
     }
     const std::vector<Message>& Messages() const { return m_Messages; }
-    // Empty when there is none.
-    std::string First() const { return m_Messages.empty() ? std::string() : m_Messages.front().text; }
+    // Empty when there was none.
+    const std::string& FirstError() const { return m_FirstError; }
 
 private:
     VKT::XLogger* m_Logger = VKT::GetLogger();
     std::vector<Message> m_Messages;
+    std::string m_FirstError;
 };
 
 }  // namespace tool

@@ -27,6 +27,7 @@ int main(int argc, char** argv)
     tool::AddInfoCommand(program, run);
     tool::AddTreeCommand(program, run);
     tool::AddDiffCommand(program, run);
+    tool::AddValidateCommand(program, run);
     tool::AddConvertCommand(program, run);
     tool::AddExportCommand(program, run);
     try {

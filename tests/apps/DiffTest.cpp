@@ -26,13 +26,6 @@ protected:
     }
 };
 
-std::string With(std::string text, const std::string& what, const std::string& with)
-{
-    const std::size_t at = text.find(what);
-    EXPECT_NE(at, std::string::npos) << what;
-    return at == std::string::npos ? text : text.replace(at, what.size(), with);
-}
-
 TEST_F(Diff, AFileIsEqualToItself)
 {
     const ToolResult result = Compare(kPlate, kPlate);

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <initializer_list>
+#include <gtest/gtest.h>
+
 #include <string>
 #include <vector>
 
@@ -95,6 +96,14 @@ inline std::string PlateWithUnknownChunk()
 {
     std::string text = kPlate;
     return text.insert(text.find("BONE"), "FLAVOUR sweet\n{\n\tstrength { 3 }\n}\n");
+}
+
+// `text` with the first `what` in it replaced; it must be there.
+inline std::string With(std::string text, const std::string& what, const std::string& with)
+{
+    const std::size_t at = text.find(what);
+    EXPECT_NE(at, std::string::npos) << what;
+    return at == std::string::npos ? text : text.replace(at, what.size(), with);
 }
 
 // Chunks to build documents from, behind this header.

@@ -11,15 +11,15 @@ TEST_F(Usage, HelpListsTheCommandsThatThereAre)
     const ToolResult help = Run({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_EQ(help.err, "");
-    for (const char* command : {"info", "tree", "diff", "convert", "export"})
+    for (const char* command : {"info", "tree", "diff", "validate", "convert", "export"})
         EXPECT_NE(help.out.find(std::string("\n  ") + command + " "), std::string::npos) << command;
-    for (const char* command : {"validate", "curves", "types", "import", "script"})
+    for (const char* command : {"curves", "types", "import", "script"})
         EXPECT_EQ(help.out.find(std::string("\n  ") + command), std::string::npos) << command;
 }
 
 TEST_F(Usage, HelpOfEachCommandFitsAScreenAndEndsWithAnExample)
 {
-    for (const std::string command : {"info", "tree", "diff", "convert", "export"}) {
+    for (const std::string command : {"info", "tree", "diff", "validate", "convert", "export"}) {
         const ToolResult help = Run({command, "--help"});
         EXPECT_EQ(help.status, 0);
         EXPECT_LE(std::count(help.out.begin(), help.out.end(), '\n'), 24) << help.out;
