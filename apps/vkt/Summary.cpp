@@ -1,11 +1,14 @@
 #include "Summary.h"
 
 #include <cstdio>
-#include <numeric>
 
 #include "NodeNames.h"
+#include "VKT/AnimCycle.h"
+#include "VKT/AnimationTake.h"
+#include "VKT/Deformer.h"
+#include "VKT/FnRegistry.h"
+#include "VKT/Geometry.h"
 #include "VKT/Model.h"
-#include "VKT/PolygonMesh.h"
 
 namespace tool {
 namespace {
@@ -32,36 +35,6 @@ RecordSummary SummariseRecord(const VKT::XInfo& info)
             info.GetUser(),        info.GetHost(),         DateOf(info.GetDate())};
 }
 
-const char* UsageWord(VKT::u32 usage)
-{
-    constexpr const char* words[] = {"none",   "vertex",   "fogCoord", "texCoord", "colour",
-                                     "normal", "biNormal", "tangent",  "tbn"};
-    return usage < std::size(words) ? words[usage] : words[VKT::kNone];
-}
-
-void AddPolygons(GeometrySummary& out, const VKT::XPolygonMesh& mesh)
-{
-    const auto& counts = mesh.GetPolyCounts();
-    out.sizes.polygons = counts.size();
-    out.sizes.corners = std::accumulate(counts.begin(), counts.end(), VKT::u64{0});
-    for (const auto& set : mesh.GetIndexSets())
-        out.indexSets.push_back({set->GetName(), set->GetNumIndices()});
-    for (const auto& set : mesh.GetVertexSets())
-        out.vertexSets.push_back({set->GetName(), UsageWord(set->GetUsage()), set->GetNumElements(),
-                                  set->GetElementSize(), set->GetIndexSetName()});
-}
-
-GeometrySummary SummariseGeometry(const VKT::XGeometry& geometry)
-{
-    GeometrySummary out;
-    out.name = geometry.GetName();
-    out.type = TypeNameOf(geometry);
-    out.sizes.points = geometry.GetNumPoints();
-    if (const auto* mesh = VKT::XCast<VKT::XPolygonMesh>(&geometry))
-        AddPolygons(out, *mesh);
-    return out;
-}
-
 }  // namespace
 
 Summary Summarise(const VKT::XModel& model, const std::string& path)
@@ -82,12 +55,18 @@ Summary Summarise(const VKT::XModel& model, const std::string& path)
     for (const auto& [name, node] : model.GetNodes()) {
         ++out.nodesByType[TypeNameOf(*node)];
         if (const auto* geometry = VKT::XCast<VKT::XGeometry>(node)) {
-            const Sizes& sizes = out.geometry.emplace_back(SummariseGeometry(*geometry)).sizes;
+            const Sizes& sizes = out.geometry.emplace_back(Summarise(*geometry)).sizes;
             out.sizes.points += sizes.points;
             out.sizes.polygons += sizes.polygons;
             out.sizes.corners += sizes.corners;
+        } else if (const auto* deformer = VKT::XCast<VKT::XDeformer>(node)) {
+            out.deformers.push_back(Summarise(*deformer));
+        } else if (const auto* take = VKT::XCast<VKT::XAnimationTake>(node)) {
+            out.takes.push_back(Summarise(*take));
         }
     }
+    for (const auto& cycle : model.GetCycles())
+        out.cycles.push_back(Summarise(*cycle));
     return out;
 }
 

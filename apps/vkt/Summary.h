@@ -10,8 +10,12 @@
 #include "VKT/Types.h"
 
 namespace VKT {
+class XAnimationTake;
+class XAnimCycle;
+class XDeformer;
+class XGeometry;
 class XModel;
-}
+}  // namespace VKT
 
 namespace tool {
 
@@ -37,12 +41,40 @@ struct VertexSetSummary {
     std::string indexSet;      // empty for none
 };
 
+// A size that nodes of some types have. Both outputs call it by this name.
+struct NamedSize {
+    const char* name;
+    VKT::u64 value;
+};
+
 struct GeometrySummary {
     std::string name;
     std::string type;
     Sizes sizes;
+    std::vector<NamedSize> moreSizes;  // of its type
     std::vector<IndexSetSummary> indexSets;
     std::vector<VertexSetSummary> vertexSets;
+};
+
+struct BlendTargetSummary {
+    std::string name;
+    VKT::u64 points = 0;
+};
+
+struct DeformerSummary {
+    std::string name;
+    std::string type;
+    std::vector<NamedSize> sizes;
+    std::optional<std::vector<BlendTargetSummary>> targets;  // of a blend shape
+};
+
+// A take or a cycle. Times are in frames.
+struct AnimationSummary {
+    std::string name;
+    VKT::f32 start = 0;
+    VKT::f32 end = 0;
+    VKT::f32 framesPerSecond = 0;
+    std::vector<NamedSize> sizes;
 };
 
 // The information record. The strings are those of the file.
@@ -66,12 +98,19 @@ struct Summary {
     VKT::u64 instances = 0;
     VKT::u64 images = 0;
     VKT::u64 droppedChunks = 0;
-    Sizes sizes;                            // of all geometry
-    std::vector<GeometrySummary> geometry;  // in name order
+    Sizes sizes;                             // of all geometry
+    std::vector<GeometrySummary> geometry;   // in name order, as are
+    std::vector<DeformerSummary> deformers;  // these
+    std::vector<AnimationSummary> takes;     // and these
+    std::vector<AnimationSummary> cycles;    // in file order
 };
 
 // Of a document that was loaded from `path`.
 Summary Summarise(const VKT::XModel& model, const std::string& path);
+GeometrySummary Summarise(const VKT::XGeometry& geometry);
+DeformerSummary Summarise(const VKT::XDeformer& deformer);
+AnimationSummary Summarise(const VKT::XAnimationTake& take);
+AnimationSummary Summarise(const VKT::XAnimCycle& cycle);
 
 // For people: no names or messages of the file steer the terminal.
 std::string ToText(const Summary& summary);

@@ -17,6 +17,12 @@ Json ToJson(const RecordSummary& record)
             {"date", record.date.empty() ? Json() : Json(record.date)}};
 }
 
+void Add(Json& out, const std::vector<NamedSize>& sizes)
+{
+    for (const NamedSize& size : sizes)
+        out[size.name] = size.value;
+}
+
 Json ToJson(const GeometrySummary& geometry)
 {
     Json out = {{"name", geometry.name},
@@ -26,6 +32,7 @@ Json ToJson(const GeometrySummary& geometry)
                 {"corners", geometry.sizes.corners},
                 {"indexSets", Json::array()},
                 {"vertexSets", Json::array()}};
+    Add(out, geometry.moreSizes);
     for (const IndexSetSummary& set : geometry.indexSets)
         out["indexSets"].push_back({{"name", set.name}, {"indices", set.indices}});
     for (const VertexSetSummary& set : geometry.vertexSets)
@@ -37,26 +44,59 @@ Json ToJson(const GeometrySummary& geometry)
     return out;
 }
 
+Json ToJson(const DeformerSummary& deformer)
+{
+    Json out = {{"name", deformer.name}, {"type", deformer.type}};
+    Add(out, deformer.sizes);
+    if (deformer.targets) {
+        out["targets"] = Json::array();
+        for (const BlendTargetSummary& target : *deformer.targets)
+            out["targets"].push_back({{"name", target.name}, {"points", target.points}});
+    }
+    return out;
+}
+
+Json ToJson(const AnimationSummary& animation)
+{
+    Json out = {{"name", animation.name},
+                {"start", animation.start},
+                {"end", animation.end},
+                {"framesPerSecond", animation.framesPerSecond}};
+    Add(out, animation.sizes);
+    return out;
+}
+
+// What each element of `list` is in JSON.
+template <class T>
+Json ToList(const std::vector<T>& list)
+{
+    Json out = Json::array();
+    for (const T& element : list)
+        out.push_back(ToJson(element));
+    return out;
+}
+
 }  // namespace
 
 std::string ToJson(const Summary& summary)
 {
-    Json out = {{"file", summary.file},
-                {"bytes", summary.bytes},
-                {"form", NameOf(summary.form)},
-                {"version", summary.version},
-                {"record", summary.record ? ToJson(*summary.record) : Json()},
-                {"nodes", summary.nodes},
-                {"nodesByType", Json(summary.nodesByType)},
-                {"instances", summary.instances},
-                {"images", summary.images},
-                {"droppedChunks", summary.droppedChunks},
-                {"points", summary.sizes.points},
-                {"polygons", summary.sizes.polygons},
-                {"corners", summary.sizes.corners},
-                {"geometry", Json::array()}};
-    for (const GeometrySummary& geometry : summary.geometry)
-        out["geometry"].push_back(ToJson(geometry));
+    const Json out = {{"file", summary.file},
+                      {"bytes", summary.bytes},
+                      {"form", NameOf(summary.form)},
+                      {"version", summary.version},
+                      {"record", summary.record ? ToJson(*summary.record) : Json()},
+                      {"nodes", summary.nodes},
+                      {"nodesByType", Json(summary.nodesByType)},
+                      {"instances", summary.instances},
+                      {"images", summary.images},
+                      {"droppedChunks", summary.droppedChunks},
+                      {"points", summary.sizes.points},
+                      {"polygons", summary.sizes.polygons},
+                      {"corners", summary.sizes.corners},
+                      {"geometry", ToList(summary.geometry)},
+                      {"deformers", ToList(summary.deformers)},
+                      {"takes", ToList(summary.takes)},
+                      {"cycles", ToList(summary.cycles)}};
     // Names may hold any bytes: what is no UTF-8 becomes U+FFFD.
     return out.dump(2, ' ', true, Json::error_handler_t::replace) + "\n";
 }

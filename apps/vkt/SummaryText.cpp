@@ -1,3 +1,5 @@
+#include <cstdio>
+
 #include "Summary.h"
 #include "TerminalText.h"
 
@@ -13,6 +15,13 @@ std::string ToText(const Sizes& sizes)
 {
     return Counted(sizes.points, "point") + ", " + Counted(sizes.polygons, "polygon") + ", " +
            Counted(sizes.corners, "corner");
+}
+
+std::string ShortNumber(VKT::f32 number)
+{
+    char text[32];
+    std::snprintf(text, sizeof text, "%g", static_cast<double>(number));
+    return text;
 }
 
 // A line of the head: the values stand below each other.
@@ -38,10 +47,20 @@ std::string ToText(const RecordSummary& record)
     return out;
 }
 
+// "affected 1, points 12".
+std::string ToText(const std::vector<NamedSize>& sizes)
+{
+    std::string out;
+    for (const NamedSize& size : sizes)
+        out += (out.empty() ? "" : ", ") + std::string(size.name) + " " + Number(size.value);
+    return out;
+}
+
 std::string ToText(const GeometrySummary& geometry)
 {
     std::string out =
-        "  " + CleanText(geometry.name) + " (" + geometry.type + "): " + ToText(geometry.sizes) + "\n";
+        "  " + CleanText(geometry.name) + " (" + CleanText(geometry.type) + "): " + ToText(geometry.sizes);
+    out += (geometry.moreSizes.empty() ? "" : ", ") + ToText(geometry.moreSizes) + "\n";
     for (const IndexSetSummary& set : geometry.indexSets)
         out += "    index set " + Quoted(CleanText(set.name)) + ": " + Number(set.indices) + "\n";
     for (const VertexSetSummary& set : geometry.vertexSets) {
@@ -49,6 +68,35 @@ std::string ToText(const GeometrySummary& geometry)
                Counted(set.elementSize, "float") + ", " + set.usage;
         out += set.indexSet.empty() ? "\n" : ", by " + Quoted(CleanText(set.indexSet)) + "\n";
     }
+    return out;
+}
+
+std::string ToText(const DeformerSummary& deformer)
+{
+    std::string out =
+        "  " + CleanText(deformer.name) + " (" + CleanText(deformer.type) + "): " + ToText(deformer.sizes);
+    if (deformer.targets)
+        out += ", targets " + Number(deformer.targets->size());
+    out += "\n";
+    for (const BlendTargetSummary& target : deformer.targets.value_or(std::vector<BlendTargetSummary>()))
+        out += "    target " + Quoted(CleanText(target.name)) + ": " + Counted(target.points, "point") + "\n";
+    return out;
+}
+
+std::string ToText(const AnimationSummary& animation)
+{
+    return "  " + CleanText(animation.name) + ": " + ShortNumber(animation.start) + " to " +
+           ShortNumber(animation.end) + " at " + ShortNumber(animation.framesPerSecond) + " per second, " +
+           ToText(animation.sizes) + "\n";
+}
+
+// A headline with the number of nodes, and a line for each.
+template <class T>
+std::string ToText(const char* headline, const std::vector<T>& nodes)
+{
+    std::string out = Line(headline, Number(nodes.size()));
+    for (const T& node : nodes)
+        out += ToText(node);
     return out;
 }
 
@@ -69,7 +117,8 @@ std::string ToText(const Summary& summary)
     out += Line("geometry", summary.geometry.empty() ? "none" : ToText(summary.sizes));
     for (const GeometrySummary& geometry : summary.geometry)
         out += ToText(geometry);
-    return out;
+    return out + ToText("deformers", summary.deformers) + ToText("takes", summary.takes) +
+           ToText("cycles", summary.cycles);
 }
 
 }  // namespace tool

@@ -4,12 +4,25 @@
 
 #include "Documents.h"
 #include "ToolRun.h"
+#include "VKT/samples/AnimationSample.h"
+#include "VKT/samples/DeformerSample.h"
+#include "VKT/samples/GeometrySample.h"
 
 namespace {
 
 using Json = nlohmann::json;
 using Info = ToolTest;
 using ::testing::AnyOf;
+using ::testing::HasSubstr;
+
+// The object of that name in a list of a JSON output.
+Json Find(const Json& list, const std::string& name)
+{
+    for (const Json& object : list)
+        if (object["name"] == name)
+            return object;
+    return {};
+}
 
 TEST_F(Info, TellsWhatATextFileHolds)
 {
@@ -33,7 +46,10 @@ TEST_F(Info, TellsWhatATextFileHolds)
                   "  plateShape (polygonMesh): 4 points, 2 polygons, 6 corners\n"
                   "    index set \"points\": 6\n"
                   "    index set \"uvset1\": 6\n"
-                  "    vertex set \"uvset1\": 2 x 2 floats, texCoord, by \"uvset1\"\n");
+                  "    vertex set \"uvset1\": 2 x 2 floats, texCoord, by \"uvset1\"\n"
+                  "deformers   0\n"
+                  "takes       0\n"
+                  "cycles      0\n");
     EXPECT_EQ(info.err, "Info : loading \"plate.vkt\"\n");
 }
 
@@ -68,23 +84,125 @@ TEST_F(Info, JsonHoldsTheSame)
               {"usage", "texCoord"},
               {"elements", 2},
               {"elementSize", 2},
-              {"indexSet", "uvset1"}}}}}}}};
+              {"indexSet", "uvset1"}}}}}}},
+        {"deformers", Json::array()},
+        {"takes", Json::array()},
+        {"cycles", Json::array()}};
     EXPECT_EQ(Json::parse(info.out), expected);
+}
+
+TEST_F(Info, EveryKindOfGeometryHasItsSizes)
+{
+    WriteFile("shapes.vkt", VKT::Test::kGeometrySample);
+    const Json geometry = Json::parse(Run({"info", "shapes.vkt", "--json"}).out)["geometry"];
+    EXPECT_EQ(Find(geometry, "edge"), Json({{"name", "edge"},
+                                            {"type", "nurbsCurve"},
+                                            {"points", 1},
+                                            {"polygons", 0},
+                                            {"corners", 0},
+                                            {"degree", 34},
+                                            {"knots", 3},
+                                            {"indexSets", Json::array()},
+                                            {"vertexSets", Json::array()}}));
+    EXPECT_EQ(Find(geometry, "face")["normals"], 2);
+    EXPECT_EQ(Find(geometry, "face")["colourSets"], 2);
+    EXPECT_EQ(Find(geometry, "face")["vertexSets"][1], Json({{"name", "map2"},
+                                                             {"usage", "texCoord"},
+                                                             {"elements", 1},
+                                                             {"elementSize", 2},
+                                                             {"indexSet", nullptr}}));
+    const std::string text = Run({"info", "shapes.vkt"}).out;
+    for (const char* line :
+         {"  bow (hermiteCurve): 1 point, 0 polygons, 0 corners\n",
+          "  cloth (bezierPatch): 1 point, 0 polygons, 0 corners, controlPointsU 0, controlPointsV 0, "
+          "trimRegions 2\n",
+          "  face (mesh): 3 points, 2 polygons, 7 corners, normals 2, colourSets 2\n"
+          "    vertex set \"map1\": 3 x 2 floats, texCoord\n",
+          "  hull (nurbsSurface): 1 point, 0 polygons, 0 corners, controlPointsU 500, controlPointsV 600, "
+          "trimRegions 0, degreeU 3, degreeV 4, knotsU 2, knotsV 3\n"})
+        EXPECT_THAT(text, HasSubstr(line));
+}
+
+TEST_F(Info, DeformersHaveTheirSizes)
+{
+    WriteFile("deformers.vkt", VKT::Test::kDeformerSample);
+    const Json info = Json::parse(Run({"info", "deformers.vkt", "--json"}).out);
+    EXPECT_EQ(info["deformers"].size(), info["nodes"].get<int>() - 2);  // all but the lattices
+    EXPECT_EQ(Find(info["deformers"], "joint_cluster"), Json({{"name", "joint_cluster"},
+                                                              {"type", "jointCluster"},
+                                                              {"affected", 1},
+                                                              {"points", 3},
+                                                              {"weights", 3}}));
+    EXPECT_EQ(Find(info["deformers"], "blend"),
+              Json({{"name", "blend"},
+                    {"type", "blendShape"},
+                    {"affected", 2},
+                    {"targets", {{{"name", "smile"}, {"points", 2}}, {{"name", "frown"}, {"points", 1}}}}}));
+    const std::string text = Run({"info", "deformers.vkt"}).out;
+    for (const char* line :
+         {"  grid (lattice): 2 points, 0 polygons, 0 corners, divisionsS 20, divisionsT 21, "
+          "divisionsU 22\n",
+          "  bend (nonLinearBend): affected 2\n",
+          "  blend (blendShape): affected 2, targets 2\n"
+          "    target \"smile\": 2 points\n"
+          "    target \"frown\": 1 point\n",
+          "  cluster (cluster): affected 2, points 2, weights 2\n",
+          "  jiggle (jiggleDeformer): affected 1, points 3\n",
+          "  skin (skinCluster): affected 2, influences 3, points 3, weights 5\n",
+          "  wire (wireDeformer): affected 1, wires 2\n"})
+        EXPECT_THAT(text, HasSubstr(line));
+}
+
+TEST_F(Info, TakesAndCyclesHaveTheirSizes)
+{
+    WriteFile("run.vkt", VKT::Test::kAnimationSample);
+    const Json info = Json::parse(Run({"info", "run.vkt", "--json"}).out);
+    EXPECT_EQ(info["takes"], Json({{{"name", "walk"},
+                                    {"start", 1.25},
+                                    {"end", 3.5},
+                                    {"framesPerSecond", 25},
+                                    {"frames", 4},
+                                    {"nodes", 2},
+                                    {"attributes", 4},
+                                    {"poses", 2},
+                                    {"tables", 2},
+                                    {"samples", 8},
+                                    {"curves", 2},
+                                    {"keys", 3}}}));
+    EXPECT_EQ(info["cycles"], Json({{{"name", "stride"},
+                                     {"start", 6},
+                                     {"end", 7},
+                                     {"framesPerSecond", 24},
+                                     {"frames", 2},
+                                     {"bones", 2},
+                                     {"curveLists", 1},
+                                     {"curves", 2},
+                                     {"keys", 2}}}));
+    EXPECT_THAT(Run({"info", "run.vkt"}).out,
+                HasSubstr("takes       1\n"
+                          "  walk: 1.25 to 3.5 at 25 per second, frames 4, nodes 2, attributes 4, poses 2, "
+                          "tables 2, samples 8, curves 2, keys 3\n"
+                          "cycles      1\n"
+                          "  stride: 6 to 7 at 24 per second, frames 2, bones 2, curveLists 1, curves 2, "
+                          "keys 2\n"));
 }
 
 TEST_F(Info, BothFormsOfADocumentSayTheSame)
 {
-    WriteFile("plate.vkt", kPlate);
-    ASSERT_EQ(Run({"convert", "plate.vkt", "binary.xld", "--binary"}).status, 0);
-    Json text = Json::parse(Run({"info", "plate.vkt", "--json"}).out);
-    Json binary = Json::parse(Run({"info", "binary.xld", "--json"}).out);
-    EXPECT_EQ(binary["form"], "binary");
-    EXPECT_EQ(binary["bytes"], ReadFile("binary.xld").size());
-    for (const char* key : {"file", "bytes", "form"}) {
-        text.erase(key);
-        binary.erase(key);
+    for (const std::string& document :
+         {kPlate, std::string(VKT::Test::kAnimationSample), std::string(VKT::Test::kDeformerSample)}) {
+        WriteFile("text.vkt", document);
+        ASSERT_EQ(Run({"convert", "text.vkt", "binary.xld", "--binary"}).status, 0);
+        Json text = Json::parse(Run({"info", "text.vkt", "--json"}).out);
+        Json binary = Json::parse(Run({"info", "binary.xld", "--json"}).out);
+        EXPECT_EQ(binary["form"], "binary");
+        EXPECT_EQ(binary["bytes"], ReadFile("binary.xld").size());
+        for (const char* key : {"file", "bytes", "form"}) {
+            text.erase(key);
+            binary.erase(key);
+        }
+        EXPECT_EQ(binary, text);
     }
-    EXPECT_EQ(binary, text);
 }
 
 TEST_F(Info, RecordIsShownWithTheDateThatItStandsFor)
