@@ -32,4 +32,9 @@ export_scene "$models/glTF2/2CylinderEngine-glTF-Binary/2CylinderEngine.glb" eng
 export_scene "$models/BVH/01_03.bvh" motion-bvh
 
 echo
+echo "=== examples/walk.vkt"
+"$vkt" curves examples/walk.vkt -o "$out/walk.svg"
+echo "$out/walk.svg shows what its take animates"
+
+echo
 echo "The results lie in $out."

@@ -25,5 +25,6 @@ void AddDiffCommand(CLI::App& program, Run& run);
 void AddValidateCommand(CLI::App& program, Run& run);
 void AddConvertCommand(CLI::App& program, Run& run);
 void AddExportCommand(CLI::App& program, Run& run);
+void AddCurvesCommand(CLI::App& program, Run& run);
 
 }  // namespace tool

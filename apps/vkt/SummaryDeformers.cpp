@@ -1,7 +1,7 @@
+#include "NodeNames.h"
 #include "Summary.h"
 #include "VKT/BlendShape.h"
 #include "VKT/Cluster.h"
-#include "VKT/FnRegistry.h"
 #include "VKT/JiggleDeformer.h"
 #include "VKT/JointCluster.h"
 #include "VKT/SkinCluster.h"
@@ -42,7 +42,7 @@ DeformerSummary Summarise(const VKT::XDeformer& deformer)
 {
     DeformerSummary out;
     out.name = deformer.GetName();
-    out.type = VKT::XFnTypeName(deformer.GetApiType());
+    out.type = TypeNameOf(deformer);
     out.sizes = {{"affected", deformer.GetNumAffected()}};
     if (const auto* skin = VKT::XCast<VKT::XSkinCluster>(&deformer))
         AddWeights(out, *skin);

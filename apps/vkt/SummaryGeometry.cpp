@@ -1,7 +1,7 @@
 #include <numeric>
 
+#include "NodeNames.h"
 #include "Summary.h"
-#include "VKT/FnRegistry.h"
 #include "VKT/Lattice.h"
 #include "VKT/Mesh.h"
 #include "VKT/MeshVertexColours.h"
@@ -73,7 +73,7 @@ GeometrySummary Summarise(const VKT::XGeometry& geometry)
 {
     GeometrySummary out;
     out.name = geometry.GetName();
-    out.type = VKT::XFnTypeName(geometry.GetApiType());
+    out.type = TypeNameOf(geometry);
     out.sizes.points = geometry.GetNumPoints();
     if (const auto* polygons = VKT::XCast<VKT::XPolygonMesh>(&geometry))
         AddPolygons(out, *polygons);

@@ -1,5 +1,3 @@
-#include <cstdio>
-
 #include "Summary.h"
 #include "TerminalText.h"
 
@@ -15,13 +13,6 @@ std::string ToText(const Sizes& sizes)
 {
     return Counted(sizes.points, "point") + ", " + Counted(sizes.polygons, "polygon") + ", " +
            Counted(sizes.corners, "corner");
-}
-
-std::string ShortNumber(VKT::f32 number)
-{
-    char text[32];
-    std::snprintf(text, sizeof text, "%g", static_cast<double>(number));
-    return text;
 }
 
 // A line of the head: the values stand below each other.

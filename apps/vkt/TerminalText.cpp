@@ -1,6 +1,7 @@
 #include "TerminalText.h"
 
 #include <cstdint>
+#include <cstdio>
 
 namespace tool {
 namespace {
@@ -84,6 +85,13 @@ std::string Counted(std::size_t count, std::string_view thing)
     std::string out = std::to_string(count) + " ";
     out += thing;
     return count == 1 ? out : out + "s";
+}
+
+std::string ShortNumber(double number)
+{
+    char text[32];
+    std::snprintf(text, sizeof text, "%g", number);
+    return text;
 }
 
 }  // namespace tool

@@ -18,5 +18,7 @@ std::string Quoted(std::string_view text);
 std::string Bracketed(std::size_t place);
 // "1 point", "2 points".
 std::string Counted(std::size_t count, std::string_view thing);
+// Six digits: "0.25", "1e+20".
+std::string ShortNumber(double number);
 
 }  // namespace tool

@@ -29,6 +29,7 @@ int main(int argc, char** argv)
     tool::AddDiffCommand(program, run);
     tool::AddValidateCommand(program, run);
     tool::AddConvertCommand(program, run);
+    tool::AddCurvesCommand(program, run);
     tool::AddExportCommand(program, run);
     try {
         program.parse(argc, argv);

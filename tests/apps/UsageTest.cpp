@@ -11,15 +11,15 @@ TEST_F(Usage, HelpListsTheCommandsThatThereAre)
     const ToolResult help = Run({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_EQ(help.err, "");
-    for (const char* command : {"info", "tree", "diff", "validate", "convert", "export"})
+    for (const char* command : {"info", "tree", "diff", "validate", "curves", "convert", "export"})
         EXPECT_NE(help.out.find(std::string("\n  ") + command + " "), std::string::npos) << command;
-    for (const char* command : {"curves", "types", "import", "script"})
+    for (const char* command : {"types", "import", "script"})
         EXPECT_EQ(help.out.find(std::string("\n  ") + command), std::string::npos) << command;
 }
 
 TEST_F(Usage, HelpOfEachCommandFitsAScreenAndEndsWithAnExample)
 {
-    for (const std::string command : {"info", "tree", "diff", "validate", "convert", "export"}) {
+    for (const std::string command : {"info", "tree", "diff", "validate", "curves", "convert", "export"}) {
         const ToolResult help = Run({command, "--help"});
         EXPECT_EQ(help.status, 0);
         EXPECT_LE(std::count(help.out.begin(), help.out.end(), '\n'), 24) << help.out;
@@ -59,6 +59,8 @@ TEST_F(Usage, WrongUsageIs64AndExplainedOnStandardError)
         {"convert", "a.vkt", "b.txt"},
         {"convert", "a.vkt", "vkt"},
         {"convert", "a.vkt", "b.vkt", "--ascii", "--binary"},
+        {"curves", "a.vkt"},
+        {"curves", "a.vkt", "-o", "a.png"},
         {"export", "a.gltf"},
         {"export", "a.gltf", "b.gltf"},
         {"export", "a.gltf", "b.vkt", "--select"},
