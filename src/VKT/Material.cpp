@@ -35,11 +35,13 @@ bool XMaterial::NodeDeath(u32 id)
     return XNodeClass::NodeDeath(id);
 }
 
+// Below version 4 there was no body that all materials share: each class held everything in
+// one of its own.
 XBodyTable XMaterial::TextBody()
 {
     static constexpr XBodyRow rows[] = {
-        {"\thw_shader ", NodeId(&XMaterial::m_HwShader)},
-        &XMaterial::m_Colour,
+        ReadSince(4, {"\thw_shader ", NodeId(&XMaterial::m_HwShader)}),
+        ReadSince(4, &XMaterial::m_Colour),
     };
     return {".\\src\\VKT\\Material", rows};
 }

@@ -220,8 +220,9 @@ void ListRows(u32 type, std::vector<const XBodyRow*>& rows)
     }
 }
 
-// Rows of today whose values older files hold otherwise: one float, behind the layers.
-const std::set<std::string_view> kHeldOtherwise = {"phase", "compositing_flag"};
+// Rows of today whose values older files hold otherwise: one float, behind the layers, in the
+// body of each material.
+const std::set<std::string_view> kHeldOtherwise = {"phase", "compositing_flag", "hw_shader"};
 
 // The line of a key, with the lines below it that stand deeper.
 std::string ValueOf(const std::string& text, std::string_view key)
@@ -272,6 +273,25 @@ TEST_F(OlderFile, BytesHoldAnAlphaOfParticlesAndTheShininessOfEveryMaterial)
     expect(1.0f, 0.0f);
     ASSERT_EQ(LoadBytes(m_Model, OlderBinary(3)), FileOk);
     expect(0.25f, 9.5f);
+}
+
+// Each class of materials read a whole body of its own then, and a class that the library does
+// not know has none.
+TEST_F(OlderFile, UserDefinedMaterialsHoldRawTextAlone)
+{
+    const std::string definitions =
+        "NEW_NODE\n{\n\tbase_type deformer\n\ttype_name melter\n\theader MELTER\n}\n"
+        "NEW_NODE\n{\n\tbase_type material\n\ttype_name toon\n\theader TOON\n}\n";
+    const std::string toon = "\tcolor 1 2 3 4 tex 5\n\tsteps { 6 }\n}\n";
+    const std::string melter = "\theat 7\n}\n";
+    ASSERT_EQ(LoadText(m_Model, "|VKT_003A#0000#00000000|\n" + definitions + "TOON outlined\n{\n\tid 1\n" +
+                                    toon + "MELTER wax\n{\n\tid 2\n\taffected 1 8\n" + melter),
+              FileOk);
+    EXPECT_EQ(Complaints(m_Log), kOlderWarning);
+    EXPECT_EQ(SaveText(m_Model),
+              "|VKT_004A#0000#00000000|\n" + definitions +
+                  "TOON outlined\n{\n\tid 1\n\thw_shader 0\n\tcolour 0.65 0.65 0.65 1 input 0\n" + toon +
+                  "MELTER wax\n{\n\tid 2\n\taffected 1 8\n\tenvelope_weight 1\n" + melter);
 }
 
 }  // namespace
