@@ -52,10 +52,17 @@ XMeshVertexColours* XMesh::GetVertexColours() const
     return first;
 }
 
+bool XMesh::NodeDeath(u32 id)
+{
+    std::erase(m_VertexColours, id);
+    return XGeometry::NodeDeath(id);
+}
+
 bool XMesh::DoData(XFileIO& file)
 {
     if (file.IsWriting() && !file.IsMeasuring())
         WarnOfCutCounts();
+    file.NoteIds(m_VertexColours);
     return XGeometry::DoData(file) && file.DoData(m_Normals) && DoTexCoords(file) && DoFaces(file);
 }
 

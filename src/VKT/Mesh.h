@@ -67,6 +67,8 @@ public:
     // Values that a text file holds beyond the data: see WriteChunk.
     u64 GetTextPadding() const;
 
+    // Forgets vertex colours that go.
+    bool NodeDeath(u32 id) override;
     // Counts of uv sets, faces and corners have 16 bits in binary files. Larger ones are
     // cut there, with a warning, and the file does not read back.
     bool DoData(XFileIO& file) override;
@@ -90,7 +92,7 @@ private:
     XVector<XTexCoords> m_TexCoords;
     XStringList m_UvSetNames;
     XVector3Array m_Normals;
-    XIndexList m_VertexColours;  // nodes that named this mesh; some may be gone
+    XIndexList m_VertexColours;  // nodes that named this mesh, in memory only
 };
 
 }  // namespace VKT

@@ -172,6 +172,26 @@ TEST_F(MeshVertexColours, MeshFindsTheFirstByName)
     EXPECT_EQ(first.GetMesh(), nullptr);
 }
 
+TEST_F(MeshVertexColours, MeshForgetsThoseThatAreDeleted)
+{
+    XMesh& mesh = *m_Model.CreateNode<XMesh>();
+    XMeshVertexColours& colours = New();
+    XMeshVertexColours& others = New();
+    const u32 dying = colours.GetID();
+    colours.SetMesh(&mesh);
+    others.SetMesh(&mesh);
+    XIndexList named;
+    mesh.ListReferences(named);
+    EXPECT_EQ(named, (XIndexList{dying, others.GetID()}));
+    EXPECT_TRUE(m_Model.DeleteNode(dying));
+    named.clear();
+    mesh.ListReferences(named);
+    EXPECT_EQ(named, XIndexList{others.GetID()});
+    EXPECT_EQ(mesh.GetVertexColours(), &others);
+    EXPECT_TRUE(m_Model.DeleteNode(mesh.GetID()));
+    EXPECT_EQ(m_Model.GetNodes().size(), 0u);
+}
+
 TEST_F(MeshVertexColours, LoadLinksThemToTheirMeshWhereverItStands)
 {
     const std::string mesh =
