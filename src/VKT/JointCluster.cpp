@@ -10,10 +10,16 @@ bool XJointCluster::ReadChunk(XTextReader& in)
 // Kept on purpose: the vocabulary calls all three float arrays.
 XPropertyTable XJointCluster::Properties()
 {
+    // Only what is reported as a node says what it must answer to.
+    static constexpr XPropertyRow joint = [] {
+        XPropertyRow row = NodeField<&XJointCluster::m_JointId, kFnBone>(5, "influence_joint");
+        row.nodeType = 0;
+        return ReportedAs(kPropertyFloatArray, row);
+    }();
     static constexpr XPropertyRow rows[] = {
         Field<&XJointCluster::m_Weights>(3, "weights"),
         ReportedAs(kPropertyFloatArray, AsInteger<&XJointCluster::m_Points>(4, "indices")),
-        ReportedAs(kPropertyFloatArray, NodeField<&XJointCluster::m_JointId, kFnBone>(5, "influence_joint")),
+        joint,
     };
     return rows;
 }

@@ -228,6 +228,7 @@ TEST(ClusterVocabulary, DiffersBetweenTheKinds)
     for (const u32 id : {3u, 4u, 5u}) {
         EXPECT_EQ(joint.GetPropertyType(id), kPropertyFloatArray) << id;
         EXPECT_EQ(joint.GetPropertyFlags(id), 0u) << id;
+        EXPECT_EQ(joint.GetPropertyNodeType(id), 0u) << id;
     }
 }
 

@@ -7,11 +7,14 @@
 
 #include "VKT/Bone.h"
 #include "VKT/LogCatcher.h"
+#include "VKT/RegistryRows.h"
 #include "VKT/TestModel.h"
 
 namespace VKT {
 namespace {
 
+using Test::kRegistryRows;
+using Test::RegistryRow;
 using Test::RegistryScope;
 
 // A class that a developer adds.
@@ -39,141 +42,21 @@ protected:
     XModel m_Model;
 };
 
-struct Row {
-    u32 type;
-    const char* typeName;
-    const char* chunkName;  // empty for an abstract class
-};
-
-// clang-format off
-constexpr Row kRows[] = {
-    {0,   "base",                 ""},
-    {91,  "constraint",           ""},
-    {103, "field",                ""},
-    {114, "deformer",             ""},
-    {122, "nonLinear",            ""},
-    {168, "shadingNode",          ""},
-    {7,   "material",             ""},
-    {25,  "shape",                ""},
-    {52,  "collisionObject",      ""},
-    {26,  "geometry",             ""},
-    {30,  "parametricBase",       ""},
-    {31,  "parametricCurve",      ""},
-    {36,  "parametricSurface",    ""},
-    {76,  "light",                ""},
-    {78,  "extendedLight",        ""},
-    {44,  "volumeObject",         ""},
-    {2,   "texture",              "TEXTURE"},
-    {4,   "envMap",               ""},
-    {167, "nodeCollection",       ""},
-    {92,  "aimConstraint",        "AIM_CONSTRAINT"},
-    {77,  "ambientLight",         "AMBIENT_LIGHT"},
-    {8,   "anisotropic",          "ANISOTROPIC"},
-    {133, "animCycle",            "ANIM_CYCLE"},
-    {165, "animationTake",        "ANIMATION_TAKE"},
-    {105, "air",                  "AIR_FIELD"},
-    {79,  "areaLight",            "AREA_LIGHT"},
-    {48,  "baseLattice",          "BASE_LATTICE"},
-    {86,  "bone",                 "BONE"},
-    {32,  "bezierCurve",          "BEZIER_CURVE"},
-    {37,  "bezierPatch",          "BEZIER_PATCH"},
-    {9,   "blinn",                "BLINN"},
-    {116, "blendShape",           "BLEND_SHAPE"},
-    {3,   "bumpMap",              "BUMP_MAP"},
-    {43,  "camera",               "CAMERA"},
-    {117, "cluster",              "CLUSTER"},
-    {53,  "collisionBox",         "COLLISION_BOX"},
-    {55,  "collisionCone",        "COLLISION_CONE"},
-    {54,  "collisionCapsule",     "COLLISION_CAPSULE"},
-    {56,  "collisionCylinder",    "COLLISION_CYLINDER"},
-    {57,  "collisionMesh",        "COLLISION_MESH"},
-    {59,  "collisionSphere",      "COLLISION_SPHERE"},
-    {5,   "cubeMap",              "CUBE_MAP"},
-    {81,  "directionalLight",     "DIRECTIONAL_LIGHT"},
-    {20,  "displayLayer",         "DISPLAY_LAYER"},
-    {106, "drag",                 "DRAG_FIELD"},
-    {101, "emitter",              "EMITTER"},
-    {118, "ffd",                  "FFD"},
-    {93,  "geometryConstraint",   "GEOMETRY_CONSTRAINT"},
-    {107, "gravity",              "GRAVITY_FIELD"},
-    {33,  "hermiteCurve",         "HERMITE_CURVE"},
-    {38,  "hermitePatch",         "HERMITE_PATCH"},
-    {18,  "hwShader",             "HW_SHADER"},
-    {23,  "ikChain",              "IK_CHAIN"},
-    {87,  "joint",                "JOINT"},
-    {120, "jiggleDeformer",       "JIGGLE_DEFORMER"},
-    {121, "jointCluster",         "JOINT_CLUSTER"},
-    {10,  "lambert",              "LAMBERT"},
-    {27,  "lattice",              "LATTICE"},
-    {14,  "layeredShader",        "LAYERED_SHADER"},
-    {170, "layeredTexture",       "LAYERED_TEXTURE"},
-    {49,  "locator",              "LOCATOR"},
-    {171, "lookAt",               "LOOK_AT_CONSTRAINT"},
-    {28,  "mesh",                 "MESH"},
-    {163, "mv",                   "MESH_VTX_COLOURS"},
-    {108, "newton",               "NEWTON_FIELD"},
-    {123, "nonLinearBend",        "NONLINEAR_BEND"},
-    {124, "nonLinearFlare",       "NONLINEAR_FLARE"},
-    {125, "nonLinearSine",        "NONLINEAR_SINE"},
-    {126, "nonLinearSquash",      "NONLINEAR_SQUASH"},
-    {127, "nonLinearTwist",       "NONLINEAR_TWIST"},
-    {128, "nonLinearWave",        "NONLINEAR_WAVE"},
-    {94,  "normalConstraint",     "NORMAL_CONSTRAINT"},
-    {34,  "nurbsCurve",           "NURBS_CURVE"},
-    {39,  "nurbsSurface",         "NURBS_SURFACE"},
-    {22,  "objectSet",            "OBJECT_SET"},
-    {95,  "orientConstraint",     "ORIENT_CONSTRAINT"},
-    {96,  "parentConstraint",     "PARENT_CONSTRAINT"},
-    {40,  "particleShape",        "PARTICLE"},
-    {11,  "phong",                "PHONG"},
-    {12,  "phongE",               "PHONGE"},
-    {97,  "pointConstraint",      "POINT_CONSTRAINT"},
-    {80,  "pointLight",           "POINT_LIGHT"},
-    {172, "poleVectorConstraint", "POLE_VECTOR_CONSTRAINT"},
-    {166, "polygonMesh",          "POLYGON_MESH"},
-    {15,  "rampShader",           "RAMP_SHADER"},
-    {109, "radial",               "RADIAL_FIELD"},
-    {21,  "renderLayer",          "RENDER_LAYER"},
-    {98,  "scaleConstraint",      "SCALE_CONSTRAINT"},
-    {131, "sculptDeformer",       "SCULPT_DEFORMER"},
-    {119, "skinCluster",          "SKIN"},
-    {169, "specular",             ""},
-    {6,   "sphereMap",            "SPHERE_MAP"},
-    {82,  "spotLight",            "SPOT_LIGHT"},
-    {13,  "surfaceShader",        "SURFACE_SHADER"},
-    {99,  "tangentConstraint",    "TANGENT_CONSTRAINT"},
-    {89,  "texturePlacement2D",   "TEXTURE_2D"},
-    {90,  "texturePlacement3D",   "TEXTURE_PLACEMENT_3D"},
-    {110, "turbulence",           "TURBULENCE_FIELD"},
-    {111, "uniformField",         "UNIFORM_FIELD"},
-    {16,  "useBackground",        "USE_BACKGROUND"},
-    {112, "volumeAxis",           "VOLUME_AXIS_FIELD"},
-    {46,  "volumeBox",            "VOLUME_BOX"},
-    {47,  "volumeCone",           "VOLUME_CONE"},
-    {164, "volumeCylinder",       "VOLUME_CYLINDER"},
-    {45,  "volumeSphere",         "VOLUME_SPHERE"},
-    {83,  "volumeLight",          "VOLUME_LIGHT"},
-    {113, "vortex",               "VORTEX_FIELD"},
-    {129, "wireDeformer",         "WIRE_DEFORMER"},
-    {130, "wrapDeformer",         "WRAP_DEFORMER"},
-};
-// clang-format on
-
 TEST_F(FnRegistryTest, TheTable)
 {
     const std::vector<const XFnInfo*> types = XFnListTypes();
-    ASSERT_EQ(types.size(), std::size(kRows));
+    ASSERT_EQ(types.size(), std::size(kRegistryRows));
     for (std::size_t i = 0; i < types.size(); ++i) {
-        EXPECT_EQ(types[i]->GetType(), kRows[i].type) << i;
-        EXPECT_EQ(types[i]->GetTypeName(), kRows[i].typeName) << i;
-        EXPECT_EQ(types[i]->GetChunkName(), kRows[i].chunkName) << i;
+        EXPECT_EQ(types[i]->GetType(), kRegistryRows[i].type) << i;
+        EXPECT_EQ(types[i]->GetTypeName(), kRegistryRows[i].typeName) << i;
+        EXPECT_EQ(types[i]->GetChunkName(), kRegistryRows[i].chunkName) << i;
     }
     EXPECT_EQ(m_Log.Text(), "");
 }
 
 TEST_F(FnRegistryTest, EveryRowIsFoundByEachOfItsColumns)
 {
-    for (const Row& row : kRows) {
+    for (const RegistryRow& row : kRegistryRows) {
         SCOPED_TRACE(row.typeName);
         EXPECT_EQ(XFnTypeName(row.type), row.typeName);
         EXPECT_EQ(XFnChunkName(row.type), row.chunkName);
@@ -237,7 +120,7 @@ TEST_F(FnRegistryTest, ATypeWithAnIdOrANameThatExistsIsRefused)
     TestInfo sameId(86, "anotherBone");
     EXPECT_FALSE(XFnRegister(&sameId));
     EXPECT_EQ(m_Log.Text(), "Error : Type info clashes with previous entry \n");
-    EXPECT_EQ(XFnListTypes().size(), std::size(kRows));
+    EXPECT_EQ(XFnListTypes().size(), std::size(kRegistryRows));
     EXPECT_EQ(XFnTypeName(86), "bone");
 }
 
@@ -252,7 +135,7 @@ TEST_F(FnRegistryTest, RegisteringAgainStartsAfresh)
 {
     ASSERT_TRUE(XFnRegister(new TestInfo(1000, "mine")));
     EXPECT_TRUE(XRegisterTypes(&m_Log));
-    EXPECT_EQ(XFnListTypes().size(), std::size(kRows));
+    EXPECT_EQ(XFnListTypes().size(), std::size(kRegistryRows));
     EXPECT_EQ(XFnFindByName("mine"), nullptr);
     EXPECT_EQ(m_Log.Text(), "");
 }
