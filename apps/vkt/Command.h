@@ -26,5 +26,6 @@ void AddValidateCommand(CLI::App& program, Run& run);
 void AddConvertCommand(CLI::App& program, Run& run);
 void AddExportCommand(CLI::App& program, Run& run);
 void AddCurvesCommand(CLI::App& program, Run& run);
+void AddTypesCommand(CLI::App& program, Run& run);
 
 }  // namespace tool

@@ -31,6 +31,7 @@ int main(int argc, char** argv)
     tool::AddConvertCommand(program, run);
     tool::AddCurvesCommand(program, run);
     tool::AddExportCommand(program, run);
+    tool::AddTypesCommand(program, run);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& reason) {

@@ -33,8 +33,8 @@ XBodyTable XBaseLattice::BinaryBody()
 {
     static constexpr XBodyRow rows[] = {
         Since(4, &XBaseLattice::m_XSize),
-        Since(4, &XBaseLattice::m_YSize),
-        Since(4, &XBaseLattice::m_ZSize),
+        Since(4, {"y_size", &XBaseLattice::m_YSize}),
+        Since(4, {"z_size", &XBaseLattice::m_ZSize}),
     };
     return {nullptr, rows};
 }

@@ -125,7 +125,7 @@ XBodyTable XBone::BinaryBody()
         { &XBone::m_RotationOrient },
         { &XBone::m_JointOrient },
         { &XBone::m_BindLocal },
-        Since(4, { &XBone::m_RotationOrder }),
+        Since(4, { "rotation_order", &XBone::m_RotationOrder }),
         Since(4, { &XBone::m_InheritsTransform }),
         Since(4, { &XBone::m_Shearing }),
         Since(4, { &XBone::m_ScalePivotTranslate }),
@@ -140,7 +140,7 @@ XBodyTable XBone::BinaryBody()
         Since(4, { &XBone::m_ScaleLimitY }),
         Since(4, { &XBone::m_ScaleLimitZ }),
         NodeId(&XBone::m_Parent),
-        NodeIds(&XBone::m_Children),
+        { "child_joints", NodeIds(&XBone::m_Children) },
     };
     // clang-format on
     return {kSource, rows};

@@ -11,7 +11,7 @@ bool XEnvMap::NodeDeath(u32 id)
 
 XBodyTable XEnvMap::BinaryBody()
 {
-    static constexpr XBodyRow rows[] = {NodeId(&XEnvMap::m_Placement)};
+    static constexpr XBodyRow rows[] = {{"placement", NodeId(&XEnvMap::m_Placement)}};
     return {".\\src\\VKT\\EnvMap", rows};
 }
 

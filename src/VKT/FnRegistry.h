@@ -9,7 +9,7 @@
 namespace VKT {
 
 // What a class adds to its base, as data: what it is read from, and what people are told
-// about it. A class that writes parts of its bodies by hand has only the rest here.
+// about it. A class that has code of its own for a form may have only a part of it here.
 struct XClassTables {
     u32 base = kFnBase;  // the type of the class it derives from; the root has itself
     XBodyTable text;
@@ -17,6 +17,9 @@ struct XClassTables {
     XBodyTable oldText;  // where the body of files below version 4 was another one
     XBodyTable oldBinary;
     const XNodeProperties* properties = nullptr;  // those of the base too
+    // Whether the class overrides what reads and writes a form by its rows.
+    bool hasTextCode = false;
+    bool hasBinaryCode = false;
 };
 
 // What the registry knows of one node class.

@@ -29,7 +29,7 @@ XBodyTable XJiggleDeformer::BinaryBody()
         &XJiggleDeformer::m_ForceAlongNormal, &XJiggleDeformer::m_ForceOnTangent,
         &XJiggleDeformer::m_MotionMultiplier, &XJiggleDeformer::m_Stiffness,
         &XJiggleDeformer::m_Damping,          &XJiggleDeformer::m_JiggleWeight,
-        &XJiggleDeformer::m_DirectionBias,    &XJiggleDeformer::m_PointIndices,
+        &XJiggleDeformer::m_DirectionBias,    {"point_indices", &XJiggleDeformer::m_PointIndices},
     };
     return {nullptr, rows};
 }

@@ -33,7 +33,7 @@ XBodyTable XNurbsCurve::BinaryBody()
 {
     static constexpr XBodyRow rows[] = {
         &XNurbsCurve::m_Degree,
-        InOneLine(&XNurbsCurve::m_Knots),
+        {"knots", InOneLine(&XNurbsCurve::m_Knots)},
     };
     return {".\\src\\VKT\\NurbsCurve", rows};
 }

@@ -13,10 +13,10 @@ constexpr const char* kSource = ".\\src\\VKT\\ParametricSurface";
 XBodyTable XParametricSurface::BinaryBody()
 {
     static constexpr XBodyRow rows[] = {
-        &XParametricSurface::m_NumCvsU,
-        &XParametricSurface::m_NumCvsV,
-        &XParametricSurface::m_TypeU,
-        &XParametricSurface::m_TypeV,
+        {"num_cvs_u", &XParametricSurface::m_NumCvsU},
+        {"num_cvs_v", &XParametricSurface::m_NumCvsV},
+        {"type_u", &XParametricSurface::m_TypeU},
+        {"type_v", &XParametricSurface::m_TypeV},
     };
     return {kSource, rows};
 }

@@ -120,14 +120,43 @@ struct TypeRow {
     XClassTables (*tables)();
 };
 
+// Whether a class declares an operation itself, other than inheriting it or having it
+// from `XNodeClass`.
+template <class Node>
+constexpr bool kHasTextCode =
+    std::is_same_v<decltype(&Node::WriteChunk), bool (Node::*)(XTextWriter&) const> ||
+    std::is_same_v<decltype(&Node::ReadChunk), bool (Node::*)(XTextReader&)>;
+template <class Node>
+constexpr bool kHasBinaryCode = std::is_same_v<decltype(&Node::DoData), bool (Node::*)(XFileIO&)>;
+
+// Whether a class is one of the table, and so tells of itself. What a base without a type
+// of its own does is told by the classes below it.
+template <class Node>
+constexpr bool IsInTable()
+{
+    if constexpr (std::is_same_v<Node, XBase>)
+        return true;
+    else
+        return std::is_base_of_v<XNodeClass<Node, typename Node::XParent, Node::kType>, Node>;
+}
+
 template <class Node>
 XClassTables TablesOf()
 {
-    if constexpr (std::is_same_v<Node, XBase>)
-        return {kFnBase, {}, {}, {}, {}, XBase::ClassProperties()};
-    else
-        return {Node::XParent::kType,   Node::OwnTextBody(),      Node::OwnBinaryBody(),
-                Node::OwnOldTextBody(), Node::OwnOldBinaryBody(), Node::ClassProperties()};
+    if constexpr (std::is_same_v<Node, XBase>) {
+        return {kFnBase, {}, {}, {}, {}, XBase::ClassProperties(), true, true};
+    } else {
+        using Parent = typename Node::XParent;
+        constexpr bool isAlone = IsInTable<Parent>();
+        return {Parent::kType,
+                Node::OwnTextBody(),
+                Node::OwnBinaryBody(),
+                Node::OwnOldTextBody(),
+                Node::OwnOldBinaryBody(),
+                Node::ClassProperties(),
+                kHasTextCode<Node> || (!isAlone && kHasTextCode<Parent>),
+                kHasBinaryCode<Node> || (!isAlone && kHasBinaryCode<Parent>)};
+    }
 }
 
 template <class Node>

@@ -53,7 +53,7 @@ XBodyTable XSpecular::OldBinaryBody()
         {"specular_color", OldInput(&XSpecular::m_SpecularColour, "specular_colour")},
         &XSpecular::m_Incandescence,
         &XSpecular::m_Transparency,
-        &XSpecular::m_Shininess,
+        {"shininess", &XSpecular::m_Shininess},
         InputId(&XSpecular::m_BumpMap),
         InputId(&XSpecular::m_EnvMap),
         NodeId(&XSpecular::m_HwShader),

@@ -34,7 +34,7 @@ bool XTexture::ReadImage(XTexture& texture, u32 place, XTextReader& in)
 
 XBodyTable XTexture::BinaryBody()
 {
-    static constexpr XBodyRow rows[] = {NodeIds(&XTexture::m_Images)};
+    static constexpr XBodyRow rows[] = {{"images", NodeIds(&XTexture::m_Images)}};
     return {".\\src\\VKT\\Texture", rows};
 }
 

@@ -11,15 +11,16 @@ TEST_F(Usage, HelpListsTheCommandsThatThereAre)
     const ToolResult help = Run({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_EQ(help.err, "");
-    for (const char* command : {"info", "tree", "diff", "validate", "curves", "convert", "export"})
+    for (const char* command : {"info", "tree", "diff", "validate", "curves", "convert", "export", "types"})
         EXPECT_NE(help.out.find(std::string("\n  ") + command + " "), std::string::npos) << command;
-    for (const char* command : {"types", "import", "script"})
+    for (const char* command : {"import", "script"})
         EXPECT_EQ(help.out.find(std::string("\n  ") + command), std::string::npos) << command;
 }
 
 TEST_F(Usage, HelpOfEachCommandFitsAScreenAndEndsWithAnExample)
 {
-    for (const std::string command : {"info", "tree", "diff", "validate", "curves", "convert", "export"}) {
+    for (const std::string command :
+         {"info", "tree", "diff", "validate", "curves", "convert", "export", "types"}) {
         const ToolResult help = Run({command, "--help"});
         EXPECT_EQ(help.status, 0);
         EXPECT_LE(std::count(help.out.begin(), help.out.end(), '\n'), 24) << help.out;
@@ -64,6 +65,8 @@ TEST_F(Usage, WrongUsageIs64AndExplainedOnStandardError)
         {"export", "a.gltf"},
         {"export", "a.gltf", "b.gltf"},
         {"export", "a.gltf", "b.vkt", "--select"},
+        {"types", "polygonMesh"},
+        {"types", "--json", "--markdown"},
         {"info", "a.vkt", "convert", "b.vkt", "c.vkt"},
     };
     for (const auto& arguments : wrong) {
