@@ -3,7 +3,7 @@
 # further packages.
 set -euo pipefail
 packages=(
-    g++ cmake ninja-build
+    g++ cmake ninja-build ccache
     libassimp-dev libtinygltf-dev nlohmann-json3-dev libcli11-dev
     libgtest-dev libgmock-dev assimp-testmodels
     "$@"
