@@ -36,7 +36,7 @@ struct ExportRequest {
 
 // What a scene file holds beside the host's scene that was built of it.
 struct SceneContent {
-    Finding warnings;
+    ExportLoss warnings;
     std::size_t materials = 0;
     std::size_t animations = 0;
 };
@@ -90,9 +90,9 @@ int LoadResult(const ReplacedFile& file, const std::string& out, VKT::XModel& do
 }
 
 // Kinds of things that the scene holds and the document does not at all.
-Finding FindAbsent(const SceneContent& content, const VKT::XModel& document)
+ExportLoss FindAbsent(const SceneContent& content, const VKT::XModel& document)
 {
-    Finding out{"kinds that were not exported", {}};
+    ExportLoss out{"kinds that were not exported", {}};
     const auto check = [&](std::size_t count, VKT::u32 type, const char* what) {
         VKT::XNodeList exported;
         if (count > 0 && !document.List(exported, type))
@@ -106,11 +106,11 @@ Finding FindAbsent(const SceneContent& content, const VKT::XModel& document)
 std::string Report(const ExportRequest& request, const VKT::XModel& document, const SceneContent& content)
 {
     std::string out = CleanText(request.out) + ": " + DescribeDocument(document) + "\n";
-    std::vector<Finding> findings =
+    std::vector<ExportLoss> findings =
         FindLosses(*HeadlessHost::Get().GetInterface().GetRootNode(), document, !request.selected.empty());
     findings.push_back(FindAbsent(content, document));
     findings.push_back(content.warnings);
-    for (const Finding& finding : findings)
+    for (const ExportLoss& finding : findings)
         if (!finding.lines.empty())
             out += ToText(finding, request.verbose);
     return out;

@@ -96,13 +96,13 @@ std::string ReasonFor(Object* object, const std::unordered_map<Object*, INode*>&
     }
 }
 
-Finding FindSkipped(const std::vector<PlacedNode>& nodes, const std::vector<const XBone*>& bones)
+ExportLoss FindSkipped(const std::vector<PlacedNode>& nodes, const std::vector<const XBone*>& bones)
 {
     std::unordered_map<Object*, INode*> shapeNodes;
     for (std::size_t i = 0; i < nodes.size(); ++i)
         if (!bones[i]->GetInstanceIds().empty())
             shapeNodes.emplace(ShownObject(*nodes[i].node), nodes[i].node);
-    Finding out{"nodes without a shape", {}};
+    ExportLoss out{"nodes without a shape", {}};
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         if (!bones[i]->GetInstanceIds().empty())
             continue;
@@ -113,12 +113,12 @@ Finding FindSkipped(const std::vector<PlacedNode>& nodes, const std::vector<cons
     return out;
 }
 
-Finding FindBentTransforms(const std::vector<PlacedNode>& nodes)
+ExportLoss FindBentTransforms(const std::vector<PlacedNode>& nodes)
 {
     constexpr const char* reasons[] = {"", ": a node above it is scaled to nothing",
                                        ": a node above it is mirrored", ": is sheared"};
     const std::vector<TransformLoss> losses = FindTransformLosses(nodes);
-    Finding out{"transforms that the format cannot carry", {}};
+    ExportLoss out{"transforms that the format cannot carry", {}};
     for (std::size_t i = 0; i < nodes.size(); ++i)
         if (losses[i] != TransformLoss::None)
             out.lines.push_back(Quoted(nodes[i].node->GetName()) + reasons[static_cast<int>(losses[i])]);
@@ -127,11 +127,11 @@ Finding FindBentTransforms(const std::vector<PlacedNode>& nodes)
 
 }  // namespace
 
-std::vector<Finding> FindLosses(INode& root, const VKT::XModel& document, bool selectedOnly)
+std::vector<ExportLoss> FindLosses(INode& root, const VKT::XModel& document, bool selectedOnly)
 {
     const std::vector<PlacedNode> nodes = ListExported(root, selectedOnly);
     const std::vector<const XBone*> bones = MatchBones(nodes, document);
-    std::vector<Finding> out;
+    std::vector<ExportLoss> out;
     if (bones.size() == nodes.size())
         out.push_back(FindSkipped(nodes, bones));
     else
@@ -160,7 +160,7 @@ std::string DescribeDocument(const VKT::XModel& document)
            Counted(polygons, "polygon");
 }
 
-std::string ToText(const Finding& finding, bool complete)
+std::string ToText(const ExportLoss& finding, bool complete)
 {
     std::string out = CleanText(finding.title) + ": " + std::to_string(finding.lines.size()) + "\n";
     const std::size_t shown = complete ? finding.lines.size() : std::min(kShownLines, finding.lines.size());

@@ -12,7 +12,7 @@ class XModel;
 namespace tool {
 
 // Lines under a title, such as the nodes that one thing is true of.
-struct Finding {
+struct ExportLoss {
     std::string title;
     std::vector<std::string> lines;
 };
@@ -21,12 +21,12 @@ struct Finding {
 // nodes whose geometry was skipped, and why, and transforms that the format cannot carry.
 // Findings without lines are good news.
 // `selectedOnly` as the export was told.
-std::vector<Finding> FindLosses(INode& root, const VKT::XModel& document, bool selectedOnly);
+std::vector<ExportLoss> FindLosses(INode& root, const VKT::XModel& document, bool selectedOnly);
 
 // What the document holds, in one line.
 std::string DescribeDocument(const VKT::XModel& document);
 
 // For people. Of long lists the first lines alone, unless `complete`.
-std::string ToText(const Finding& finding, bool complete);
+std::string ToText(const ExportLoss& finding, bool complete);
 
 }  // namespace tool

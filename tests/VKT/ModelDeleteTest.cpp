@@ -1,4 +1,4 @@
-#include <chrono>
+#include <ctime>
 
 #include "VKT/Attribute.h"
 #include "VKT/Bone.h"
@@ -255,9 +255,9 @@ TEST_F(ModelDelete, DeletionInMassesIsLinear)
                 root->AddChild(bone);
             going.insert(i % 2 ? bone->GetID() : mesh->GetID());
         }
-        const auto start = std::chrono::steady_clock::now();
+        const std::clock_t start = std::clock();  // of this process, however busy the machine is
         EXPECT_EQ(m_Model.DeleteNodes(going), 2 * count);
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+        return static_cast<double>(std::clock() - start);
     };
     seconds(2'000);
     const double small = seconds(2'000);
