@@ -7,6 +7,7 @@
 #include "VKT/MeshVertexColours.h"
 #include "VKT/NurbsCurve.h"
 #include "VKT/NurbsSurface.h"
+#include "VKT/ParticleShape.h"
 #include "VKT/PolygonMesh.h"
 
 namespace tool {
@@ -85,6 +86,8 @@ GeometrySummary Summarise(const VKT::XGeometry& geometry)
         AddControlNet(out, *surface);
     else if (const auto* lattice = VKT::XCast<VKT::XLattice>(&geometry))
         AddDivisions(out, *lattice);
+    else if (const auto* particles = VKT::XCast<VKT::XParticleShape>(&geometry))
+        out.moreSizes = {{"fields", particles->GetNumFields()}, {"emitters", particles->GetNumEmitters()}};
     return out;
 }
 

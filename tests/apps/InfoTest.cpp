@@ -6,6 +6,7 @@
 #include "ToolRun.h"
 #include "VKT/samples/AnimationSample.h"
 #include "VKT/samples/DeformerSample.h"
+#include "VKT/samples/DynamicsSample.h"
 #include "VKT/samples/GeometrySample.h"
 
 namespace {
@@ -121,6 +122,14 @@ TEST_F(Info, EveryKindOfGeometryHasItsSizes)
           "  hull (nurbsSurface): 1 point, 0 polygons, 0 corners, controlPointsU 500, controlPointsV 600, "
           "trimRegions 0, degreeU 3, degreeV 4, knotsU 2, knotsV 3\n"})
         EXPECT_THAT(text, HasSubstr(line));
+}
+
+TEST_F(Info, ParticlesHaveTheirFieldsAndEmitters)
+{
+    WriteFile("particles.vkt", VKT::Test::kDynamicsSample);
+    EXPECT_THAT(
+        Run({"info", "particles.vkt"}).out,
+        HasSubstr("  trail (particleShape): 2 points, 0 polygons, 0 corners, fields 2, emitters 1\n"));
 }
 
 TEST_F(Info, DeformersHaveTheirSizes)
