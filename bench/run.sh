@@ -2,7 +2,7 @@
 # Runs every benchmark in turns with its anchors, each in a fresh process, and prints the
 # table of ratios. docs/performance.md says what the rows mean.
 #
-#   bench/run.sh [--runs N] [--quick] [--only mesh|nodes|skin] [--cpu] [--build DIR]
+#   bench/run.sh [--runs N] [--quick] [--only mesh|nodes|skin|animation] [--cpu] [--build DIR]
 #
 # --runs N     rounds; 9 without it. --quick is --runs 3.
 # --only X     one workload alone.
@@ -115,6 +115,24 @@ skin_round() {
         measure skin save-$form library "$1" bench_skin save-$form "$out"
         measure skin save-$form write "$1" bench_machine write "$file" "$out"
     done
+    measure prune prune library "$1" bench_prune prune
+    measure prune prune copy "$1" bench_prune copy
+}
+
+# animation_round ROUND
+animation_round() {
+    local form file
+    for form in text binary; do
+        file=$files/animation-$form.vkt
+        measure animation load-$form library "$1" bench_animation load-$form "$file"
+        if [ $form = text ]; then
+            measure animation load-$form from_chars "$1" bench_animation_from_chars load-$form "$file"
+        else
+            measure animation load-$form read "$1" bench_machine read "$file"
+        fi
+        measure animation save-$form library "$1" bench_animation save-$form "$out"
+        measure animation save-$form write "$1" bench_machine write "$file" "$out"
+    done
 }
 
 # Files to load, written by the library; their checksums take part in the comparison.
@@ -131,6 +149,9 @@ make_files() {
         fi
         if [ $only = all ] || [ $only = skin ]; then
             measure skin make-$form library 0 bench_skin save-$form "$files/skin-$form.vkt"
+        fi
+        if [ $only = all ] || [ $only = animation ]; then
+            measure animation make-$form library 0 bench_animation save-$form "$files/animation-$form.vkt"
         fi
         if [ $only = all ] || [ $only = nodes ]; then
             for shape in deep wide mixed; do
@@ -151,6 +172,7 @@ for ((round = 0; round < runs; ++round)); do
     measure machine first_touch machine $round bench_machine first_touch $((64 << 20))
     case $only in all | mesh) mesh_round $round ;; esac
     case $only in all | skin) skin_round $round ;; esac
+    case $only in all | animation) animation_round $round ;; esac
     case $only in all | nodes) nodes_round $round ;; esac
 done
 echo "load after: $(cut -d ' ' -f 1-3 /proc/loadavg)"

@@ -8,6 +8,7 @@
 #include "VKT/NonLinearWave.h"
 #include "VKT/PolygonMesh.h"
 #include "VKT/SpotLight.h"
+#include "VKT/Texture.h"
 
 using namespace VKT;
 using namespace VKT::Test;
@@ -172,8 +173,8 @@ TEST_F(ModelDelete, UvSetsOfAGoneTextureAreDropped)
 {
     XBone* bone = Make<XBone>("bone");
     XInstance* instance = m_Model.CreateInstance(bone, Make<XPolygonMesh>("mesh"));
-    XLambert* going = Make<XLambert>("going");  // any node that a uv set can name
-    XLambert* staying = Make<XLambert>("staying");
+    XTexture* going = Make<XTexture>("going");
+    XTexture* staying = Make<XTexture>("staying");
     instance->AddUvSet(going->GetID(), "map1");
     instance->AddUvSet(staying->GetID(), "map2");
     EXPECT_TRUE(m_Model.DeleteNode(going->GetID()));
