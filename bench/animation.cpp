@@ -3,15 +3,11 @@
 // Measures one load or save of workload A by the library: a take of 200 bones whose
 // translation, rotation and scale are sampled in 600 frames each.
 
-#include <filesystem>
-
-#include "Measure.h"
+#include "LibraryRun.h"
 #include "VKT/AnimatedAttribute.h"
 #include "VKT/AnimatedNode.h"
 #include "VKT/AnimationTake.h"
 #include "VKT/Bone.h"
-#include "VKT/Model.h"
-#include "VKT/NumberText.h"  // or the one in from_chars/VKT
 #include "VKT/SampledStream.h"
 
 namespace Bench {
@@ -72,39 +68,6 @@ std::string SumOf(const XModel& model)
     return sum.Text();
 }
 
-Result Load(const char* path)
-{
-    XModel& model = *new XModel;  // goes with the process: its end is not measured
-    const Measurement measurement;
-    const XFileResult loaded = model.Load(path);
-    Result result = measurement.Stop();
-    if (loaded != FileOk)
-        Fail("the library could not load the file");
-    result.document = SumOf(model);
-#ifdef BENCH_READS_BY_FROM_CHARS
-    if (!NumberText::s_IsFromCharsReader)
-        Fail("the reader does not use from_chars");
-#endif
-    return result;
-}
-
-Result Save(const char* path, bool asText)
-{
-    XModel model;
-    FillModel(model);
-    if (!asText)
-        model.GetSaveFlags().Clear(SaveAscii);
-    std::filesystem::remove(path);
-    const Measurement measurement;
-    const XFileResult saved = model.Save(path);
-    Result result = measurement.Stop();
-    if (saved != FileOk)
-        Fail("the library could not save the file");
-    result.document = SumOf(model);
-    result.file = FileChecksum(path);
-    return result;
-}
-
 }  // namespace
 }  // namespace Bench
 
@@ -113,9 +76,5 @@ int main(int argc, char** argv)
     using namespace Bench;
     if (argc != 3)
         Fail("usage: bench_animation OPERATION FILE");
-    const std::string_view operation = argv[1];
-    StartLibrary();
-    Result result = operation.starts_with("load-") ? Load(argv[2]) : Save(argv[2], operation == "save-text");
-    result.fileBytes = FileSize(argv[2]);
-    Print(result);
+    LibraryRun{FillModel, SumOf}.Measure(argv[1], argv[2]);
 }

@@ -5,12 +5,9 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <filesystem>
 
-#include "Measure.h"
+#include "LibraryRun.h"
 #include "VKT/Bone.h"
-#include "VKT/Model.h"
-#include "VKT/NumberText.h"  // or the one in from_chars/VKT
 
 namespace Bench {
 namespace {
@@ -81,36 +78,9 @@ std::string SumOf(const XModel& model, u32 count)
     return sum.Text();
 }
 
-Result Load(const char* path, u32 count)
+// What a load makes of the bind pose.
+void Settle(XModel& model)
 {
-    XModel& model = *new XModel;  // goes with the process: its end is not measured
-    const Measurement measurement;
-    const XFileResult loaded = model.Load(path);
-    Result result = measurement.Stop();
-    if (loaded != FileOk)
-        Fail("the library could not load the file");
-    result.document = SumOf(model, count);
-#ifdef BENCH_READS_BY_FROM_CHARS
-    if (!NumberText::s_IsFromCharsReader)
-        Fail("the reader does not use from_chars");
-#endif
-    return result;
-}
-
-Result Save(const char* path, std::string_view shape, u32 count, bool asText)
-{
-    XModel& model = *new XModel;
-    FillModel(model, shape, count);
-    if (!asText)
-        model.GetSaveFlags().Clear(SaveAscii);
-    std::filesystem::remove(path);
-    const Measurement measurement;
-    const XFileResult saved = model.Save(path);
-    Result result = measurement.Stop();
-    if (saved != FileOk)
-        Fail("the library could not save the file");
-    result.file = FileChecksum(path);
-    // What a load of the file has to come to.
     XNodeList nodes;
     model.List(nodes, XBone::kType);
     for (XBase* node : nodes)
@@ -118,8 +88,6 @@ Result Save(const char* path, std::string_view shape, u32 count, bool asText)
     model.UpdateWorldMatrices();
     for (XBase* node : nodes)
         XCast<XBone>(node)->CopyMatricesToBind();
-    result.document = SumOf(model, count);
-    return result;
 }
 
 }  // namespace
@@ -130,11 +98,8 @@ int main(int argc, char** argv)
     using namespace Bench;
     if (argc != 5)
         Fail("usage: bench_nodes deep|wide|mixed COUNT OPERATION FILE");
-    const std::string_view operation = argv[3];
     const u32 count = static_cast<u32>(std::strtoul(argv[2], nullptr, 10));
-    StartLibrary();
-    Result result = operation.starts_with("load-") ? Load(argv[4], count)
-                                                   : Save(argv[4], argv[1], count, operation == "save-text");
-    result.fileBytes = FileSize(argv[4]);
-    Print(result);
+    const LibraryRun run{[&](XModel& model) { FillModel(model, argv[1], count); },
+                         [&](const XModel& model) { return SumOf(model, count); }, Settle};
+    run.Measure(argv[3], argv[4]);
 }
