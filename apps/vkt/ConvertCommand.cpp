@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -29,18 +30,18 @@ FileForm FormFor(const ConvertRequest& request)
     return FormOf(request.in).value_or(FileForm::Text);
 }
 
-void SayDropped(const VKT::XModel& model, const std::string& path, Log& log)
+// Of `count` that the loader dropped, `listed` holds the first.
+template <class Dropped>
+void SayDropped(const std::string& path, const char* what, VKT::u32 count,
+                const VKT::XVector<Dropped>& listed, Log& log)
 {
+    if (count == 0)
+        return;
     constexpr std::size_t kShown = 10;
-    const VKT::u32 count = model.GetNumDroppedChunks();
-    log.Say(Quoted(path) + ": " + Counted(count, "chunk") + (count == 1 ? " was" : " were") + " dropped");
-    std::size_t shown = 0;
-    for (const VKT::XDroppedChunk& chunk : model.GetDroppedChunks()) {
-        if (shown == kShown && !log.IsVerbose())
-            break;
-        log.Say("  " + DescribeDropped(chunk));
-        ++shown;
-    }
+    log.Say(Quoted(path) + ": " + Counted(count, what) + (count == 1 ? " was" : " were") + " dropped");
+    const std::size_t shown = log.IsVerbose() ? listed.size() : std::min(listed.size(), kShown);
+    for (std::size_t i = 0; i < shown; ++i)
+        log.Say("  " + DescribeDropped(listed[i]));
     if (shown < count)
         log.Say("  ... and " + std::to_string(count - shown) + " more" +
                 (log.IsVerbose() ? "" : " (--verbose lists them)"));
@@ -71,11 +72,10 @@ int Convert(const ConvertRequest& request, Log& log)
     const VKT::XFileResult result = model.Load(request.in.c_str(), !request.noCycles);
     if (result != VKT::FileOk)
         return log.SayLoadFailed(request.in, result);
-    if (model.GetNumDroppedChunks() > 0) {
-        SayDropped(model, request.in, log);
-        if (request.strict)
-            return kFailure;
-    }
+    SayDropped(request.in, "chunk", model.GetNumDroppedChunks(), model.GetDroppedChunks(), log);
+    SayDropped(request.in, "reference", model.GetNumDroppedReferences(), model.GetDroppedReferences(), log);
+    if (request.strict && model.GetNumDroppedChunks() + model.GetNumDroppedReferences() > 0)
+        return kFailure;
     if (form == FileForm::Text) {
         model.GetSaveFlags().Set(VKT::SaveAscii);
         if (!model.GetImages().empty())
@@ -100,7 +100,7 @@ void AddConvertCommand(CLI::App& program, Run& run)
     CLI::Option* const ascii = command->add_flag("--ascii", request->ascii, "Write text");
     command->add_flag("--binary", request->binary, "Write binary")->excludes(ascii);
     command->add_flag("--no-cycles", request->noCycles, "Leave animation cycles and takes out");
-    command->add_flag("--strict", request->strict, "Write nothing when a chunk of IN cannot be used");
+    command->add_flag("--strict", request->strict, "Write nothing when a part of IN cannot be used");
     command->add_flag("--verbose", request->verbose, "Show each message of the library");
     command->footer(
         "Without --ascii or --binary, OUT has the form of IN.\n\n"

@@ -34,6 +34,12 @@ std::string DescribeDropped(const VKT::XDroppedChunk& chunk)
     return out + (chunk.isDamaged ? ": is damaged" : ": is of no known type");
 }
 
+std::string DescribeDropped(const VKT::XDroppedReference& reference)
+{
+    return "bone " + Quoted(reference.bone) + ": instance " + Quoted(reference.instance) + ": no " +
+           reference.kind + " of id " + std::to_string(reference.id) + " stands ahead of it";
+}
+
 VKT::u64 SizeOf(const std::string& path)
 {
     std::error_code error;

@@ -7,7 +7,8 @@
 
 namespace VKT {
 struct XDroppedChunk;
-}
+struct XDroppedReference;
+}  // namespace VKT
 
 namespace CLI {
 class Validator;
@@ -21,8 +22,9 @@ enum class FileForm { Text, Binary };
 std::optional<FileForm> FormOf(const std::string& path);
 const char* NameOf(FileForm form);
 
-// A chunk that a load dropped, and why, in a few words.
+// A chunk or a reference that a load dropped, and why, in a few words.
 std::string DescribeDropped(const VKT::XDroppedChunk& chunk);
+std::string DescribeDropped(const VKT::XDroppedReference& reference);
 
 // Bytes; 0 when the file cannot be asked.
 VKT::u64 SizeOf(const std::string& path);

@@ -149,6 +149,20 @@ TEST_F(Convert, DroppedBinaryChunksAreNamed)
         << result.err;
 }
 
+TEST_F(Convert, DroppedReferencesAreNamedToo)
+{
+    WriteFile("plate.vkt", With(kPlate, "id 2", "id 7"));  // of the shape that the instance names
+    const ToolResult result = Run({"convert", "plate.vkt", "out.vkt"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err,
+              "Info : loading \"plate.vkt\"\n"
+              "Warning : Shape ID 2 : name plateShape not found.\n"
+              "vkt: \"plate.vkt\": 1 reference was dropped\n"
+              "vkt:   bone \"plate\": instance \"plateShape\": no shape of id 2 stands ahead of it\n");
+    EXPECT_EQ(Run({"convert", "plate.vkt", "strict.vkt", "--strict"}).status, 1);
+    EXPECT_EQ(ListFiles(), "out.vkt plate.vkt ");
+}
+
 TEST_F(Convert, StrictWritesNothingWhenChunksWereDropped)
 {
     WriteFile("plate.vkt", PlateWithUnknownChunk());

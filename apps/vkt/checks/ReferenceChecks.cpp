@@ -93,9 +93,7 @@ void CheckDroppedReferences(const VKT::XModel& model, Findings& findings)
 {
     const auto& references = model.GetDroppedReferences();
     for (const VKT::XDroppedReference& reference : references)
-        findings.Fail(nullptr, "bone " + Quoted(reference.bone) + ": instance " + Quoted(reference.instance) +
-                                   ": no " + reference.kind + " of id " + std::to_string(reference.id) +
-                                   " stands ahead of it; readers drop the " +
+        findings.Fail(nullptr, DescribeDropped(reference) + "; readers drop the " +
                                    (reference.IsShape() ? "instance" : "reference"));
     if (const auto rest = model.GetNumDroppedReferences() - references.size())
         findings.Fail(nullptr, Counted(rest, "reference") + " more that readers drop");
