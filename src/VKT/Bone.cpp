@@ -54,7 +54,9 @@ bool XBone::AddChild(XBone* child)
 {
     if (!child || child == this || !GetModel()->Holds(*child))
         return false;
-    if (child->IsBelow(*this)) {
+    XBoneLinks& links = GetModel()->m_BoneLinks;
+    const bool linksAgree = links.Agree(*GetModel());
+    if (linksAgree ? child->IsBelow(*this) : HasDescendant(child)) {
         GetLogger()->LogFormat(
             kError,
             "Cannot add \"%s\" as a child, since it is already a child of \"%s\" or one of it's children....",
@@ -63,21 +65,21 @@ bool XBone::AddChild(XBone* child)
     }
     // Nothing is below a child without children, so that long chains build from the top
     // without a walk for each bone.
-    if (!child->m_Children.empty() && IsBelow(*child)) {
+    if (!child->m_Children.empty() && (linksAgree ? IsBelow(*child) : child->HasDescendant(this))) {
         GetLogger()->LogFormat(kError,
                                "Cannot add \"%s\" as a child, since it is a parent of this node \"%s\" or "
                                "one of it's children....",
                                child->GetName(), GetName());
         return false;
     }
+    if (child->m_Parent != 0)
+        links.Change();  // the former parent goes on listing it
     m_Children.push_back(child->GetID());
     child->m_Parent = GetID();
     return true;
 }
 
-// Whether the way up from this bone meets `bone`. It is asked of every bone that is hung
-// somewhere, so it goes by the parents: a walk down a wide tree for each of its bones
-// would be quadratic.
+// Whether the way up from this bone meets `bone`: `HasDescendant` from the other side.
 bool XBone::IsBelow(const XBone& bone) const
 {
     std::unordered_set<u32, XIdHash> seen;
@@ -98,6 +100,7 @@ bool XBone::AddChildren(const XBoneList& children)
     m_Children.resize(children.size());
     std::transform(children.begin(), children.end(), m_Children.begin(),
                    [](const XBone* child) { return child->GetID(); });
+    GetModel()->m_BoneLinks.Change();
     return true;
 }
 
@@ -106,6 +109,13 @@ void XBone::CopyBindToCurrent()
     m_Rotation = m_BindRotation;
     m_Translate = m_BindTranslate;
     m_Scale = m_BindScale;
+}
+
+void XBone::ResetCurrent()
+{
+    m_Rotation = kIdentityQuaternion;
+    m_Translate = {};
+    m_Scale = {1, 1, 1, 0};
 }
 
 void XBone::SetBindFromCurrent()
@@ -142,7 +152,7 @@ void XBone::UpdateOwnMatrices(const XMatrix& parent)
 {
     m_Local = BuildLocal();
     m_World = m_InheritsTransform ? parent * m_Local : m_Local;
-    XMatrixInverse(m_InverseWorld, m_World);
+    m_HasInverse = XMatrixInverse(m_InverseWorld, m_World);
     m_InverseTransposeWorld = Transposed(m_InverseWorld);
 }
 
@@ -285,6 +295,8 @@ void XBone::DoCopy(const XBase* source)
     const XBone* other = XCast<XBone>(source);
     if (!other || other == this)
         return;
+    if (m_Parent != 0 || !m_Children.empty())
+        GetModel()->m_BoneLinks.Change();
     XNodeClass::DoCopy(source);
     m_Rotation = other->m_Rotation;
     m_Translate = other->m_Translate;
@@ -356,6 +368,7 @@ void XBone::CopyInstancesOf(const XBone& source)
         return;
     if (flags.Test(CopyShareInstances)) {
         m_Instances = source.m_Instances;
+        m_SharesInstances = true;
         return;
     }
     XInstanceList instances;

@@ -116,6 +116,7 @@ private:
     friend class XModel;
 
     bool IsBelow(const XBone& bone) const;
+    void ResetCurrent();
     f32* FindLimit(u32 index);
     bool DoInstances(XFileIO& file);
     void WriteInstances(XTextWriter& out) const;
@@ -160,6 +161,8 @@ private:
     XMatrix m_BindInverseTransposeWorld = kIdentityMatrix;
     bool m_Visible = true;
     bool m_InheritsTransform = true;
+    bool m_HasInverse = true;        // of m_World; without one the inverses stay as they were
+    bool m_SharesInstances = false;  // some may be of the bone that this one was copied from
 };
 
 }  // namespace VKT

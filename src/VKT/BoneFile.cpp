@@ -65,6 +65,7 @@ XBodyTable XBone::TextBody()
         u32 count = 0;
         in.Read(count);
         in.ReadNumbers(As<XBone>(node).m_Children, count);
+        node.GetModel()->m_BoneLinks.Change();
         return true;
     };
     static constexpr auto writeInstances = [](const XBase& node, XTextWriter& out) {
@@ -148,6 +149,8 @@ XBodyTable XBone::BinaryBody()
 
 bool XBone::DoData(XFileIO& file)
 {
+    if (file.IsReading())
+        GetModel()->m_BoneLinks.Change();
     return XNodeClass::DoData(file) && DoInstances(file);
 }
 

@@ -43,13 +43,14 @@ void XModel::Clear()
 {
     m_Instances.clear();
     m_DeadInstances = 0;
-    m_InstanceByPlace.clear();
+    m_InstancesByPlace.clear();
     m_InstancesByShape.clear();
     for (const auto& [name, node] : m_Nodes)
         delete node;
     m_Nodes.clear();
     m_NodesById.Clear();
     m_NextNumber.clear();
+    m_BoneLinks = {};
     m_Cycles.clear();
     m_SamplePadding = 0;
     m_Images.clear();
@@ -221,9 +222,28 @@ XInstance* XModel::CreateInstance(XBone* bone, XShape* shape)
 XInstance* XModel::AddInstance(std::unique_ptr<XInstance> instance)
 {
     instance->m_ID = ++m_LastInstanceId;
-    m_InstanceByPlace.emplace(PlaceKey(instance->m_Parent, instance->m_Object), instance->m_ID);
+    ++m_InstancesByPlace.try_emplace(PlaceKey(instance->m_Parent, instance->m_Object), instance->m_ID, 0u)
+          .first->second.count;
     m_InstancesByShape[instance->m_Object].push_back(instance->m_ID);
     return m_Instances.emplace_back(std::move(instance)).get();
+}
+
+// The next instance of that shape under that bone becomes the first one.
+void XModel::LeavePlace(const XInstance& instance)
+{
+    const auto place = m_InstancesByPlace.find(PlaceKey(instance.m_Parent, instance.m_Object));
+    if (place == m_InstancesByPlace.end())
+        return;
+    if (--place->second.count == 0) {
+        m_InstancesByPlace.erase(place);
+    } else if (place->second.first == instance.m_ID) {
+        const XIndexList& rest = m_InstancesByShape[instance.m_Object];
+        const auto next = std::find_if(rest.begin(), rest.end(), [&](u32 id) {
+            const XInstance* const other = FindInstance(id);
+            return other && other->m_Parent == instance.m_Parent;
+        });
+        place->second.first = next == rest.end() ? 0 : *next;
+    }
 }
 
 bool XModel::DeleteInstance(u32 id)
@@ -234,10 +254,8 @@ bool XModel::DeleteInstance(u32 id)
     XInstance& instance = **found;
     if (XBone* bone = instance.GetParent())
         EraseId(bone->m_Instances, id);
-    const auto place = m_InstanceByPlace.find(PlaceKey(instance.m_Parent, instance.m_Object));
-    if (place != m_InstanceByPlace.end() && place->second == id)
-        m_InstanceByPlace.erase(place);
     EraseId(m_InstancesByShape[instance.m_Object], id);
+    LeavePlace(instance);
     instance.m_IsDead = true;
     if (2 * ++m_DeadInstances > m_Instances.size()) {
         std::erase_if(m_Instances, [](const auto& each) { return each->m_IsDead; });
@@ -264,8 +282,19 @@ XInstance* XModel::FindInstance(u32 id) const
 
 XInstance* XModel::FindInstance(const XBone& bone, const XShape& shape) const
 {
-    const auto found = m_InstanceByPlace.find(PlaceKey(bone.GetID(), shape.GetID()));
-    return found == m_InstanceByPlace.end() ? nullptr : FindInstance(found->second);
+    const XIndexList& own = bone.GetInstanceIds();  // ascending
+    const auto isOwn = [&](u32 id) { return std::binary_search(own.begin(), own.end(), id); };
+    const auto place = m_InstancesByPlace.find(PlaceKey(bone.GetID(), shape.GetID()));
+    if (place != m_InstancesByPlace.end() && isOwn(place->second.first))
+        return FindInstance(place->second.first);
+    if (place == m_InstancesByPlace.end() && !bone.m_SharesInstances)
+        return nullptr;
+    // A bone of an id that another one has, or one that shares the instances of its source.
+    const auto ofShape = m_InstancesByShape.find(shape.GetID());
+    if (ofShape == m_InstancesByShape.end())
+        return nullptr;
+    const auto found = std::find_if(ofShape->second.begin(), ofShape->second.end(), isOwn);
+    return found == ofShape->second.end() ? nullptr : FindInstance(*found);
 }
 
 bool XModel::ListInstances(XInstanceList& out) const

@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "VKT/Base.h"
+#include "VKT/BoneLinks.h"
 #include "VKT/FileResult.h"
 #include "VKT/FlagStack.h"
 #include "VKT/IdMap.h"
@@ -115,7 +116,7 @@ public:
     // is none of that id.
     bool DeleteInstance(u32 id);
     XInstance* FindInstance(u32 id) const;
-    // The instance of `shape` under `bone`, or null.
+    // The first instance of `shape` in the bone's list, or null.
     XInstance* FindInstance(const XBone& bone, const XShape& shape) const;
     bool ListInstances(XInstanceList& out) const;
     // Ids of the instances that show the shape, in the document's order.
@@ -182,6 +183,7 @@ private:
     XString FirstFreeName(std::string_view stem);
     void ForgetNumber(const XString& name);
     XInstance* AddInstance(std::unique_ptr<XInstance> instance);
+    void LeavePlace(const XInstance& instance);
     XVector<std::unique_ptr<XInstance>>::const_iterator PlaceOf(u32 id) const;
 
     // ModelDelete.cpp
@@ -257,10 +259,15 @@ private:
     u32 m_NumDroppedReferences = 0;
     XVector<XDroppedReference> m_DroppedReferences;
     u64 m_SamplePadding = 0;  // zeroes that stand for samples which the file did not hold
-    // Instances by (bone, shape), and for each shape in the document's order, so that
-    // neither hanging nor linking a shape walks a list.
-    std::unordered_map<u64, u32, XIdHash> m_InstanceByPlace;
+    // The first instance by (bone, shape) and how many there are, and those of each shape in
+    // the document's order, so that neither hanging nor linking a shape walks a list.
+    struct Place {
+        u32 first;
+        u32 count;
+    };
+    std::unordered_map<u64, Place, XIdHash> m_InstancesByPlace;
     std::unordered_map<u32, XIndexList, XIdHash> m_InstancesByShape;
+    XBoneLinks m_BoneLinks;
     // Of equal keys the first; the key looks into the definition.
     std::map<std::string_view, const XInheritedNode*> m_InheritedByHeader;
     // What `FindBuiltInType` has found for each definition, so that long chains are walked

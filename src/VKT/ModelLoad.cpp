@@ -108,20 +108,34 @@ XFileResult XModel::CheckHeader(std::string_view header, const char* path)
     return FileOk;
 }
 
-// Files hold bind poses alone: they become the current pose too, and the matrices of
-// both are built from it. Only that pass over the matrices counts; one ahead of the
-// nodes' own `PostLoad`, over poses that nobody has set yet, would be overwritten.
+// Files hold bind poses alone: they become the current pose too, and the matrices of both
+// are built from it.
+//
+// The rule has one more pass ahead, over the poses of fresh bones. Nothing of it is left,
+// but for the inverses of bones that are scaled so small that they have none: those stay
+// as that pass left them, so it is made up for where there is such a bone.
 void XModel::PostLoad()
 {
-    for (const auto& [name, node] : m_Nodes)
+    XVector<XBone*> bones;
+    for (const auto& [name, node] : m_Nodes) {
         node->PostLoad();
-    for (const auto& [name, node] : m_Nodes)
         if (XBone* bone = XCast<XBone>(node))
+            bones.push_back(bone);
+    }
+    const auto build = [&] {
+        for (XBone* bone : bones)
             bone->CopyBindToCurrent();
-    UpdateWorldMatrices();
-    for (const auto& [name, node] : m_Nodes)
-        if (XBone* bone = XCast<XBone>(node))
-            bone->CopyMatricesToBind();
+        UpdateWorldMatrices();
+    };
+    build();
+    if (!std::all_of(bones.begin(), bones.end(), [](const XBone* bone) { return bone->m_HasInverse; })) {
+        for (XBone* bone : bones)
+            bone->ResetCurrent();
+        UpdateWorldMatrices();
+        build();
+    }
+    for (XBone* bone : bones)
+        bone->CopyMatricesToBind();
 }
 
 // A node that could not be read to its end leaves no instances behind.

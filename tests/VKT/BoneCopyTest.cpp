@@ -147,6 +147,8 @@ TEST_F(BoneCopy, SharedInstancesAreTheSameIds)
     XBone& copy = Clone(CopyInstances | CopyShareInstances);
     EXPECT_EQ(copy.GetInstanceIds(), m_Source.GetInstanceIds());
     EXPECT_EQ(m_Instance->GetParent(), &m_Source);
+    EXPECT_EQ(m_Model.CreateInstance(&copy, &m_Mesh), m_Instance);
+    EXPECT_EQ(copy.GetInstanceIds(), m_Source.GetInstanceIds());
     EXPECT_TRUE(Clone(CopyShareInstances).GetInstanceIds().empty());
 }
 

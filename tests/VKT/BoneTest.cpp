@@ -124,6 +124,47 @@ TEST_F(Bone, ChildrenAreReplacedAsAList)
     EXPECT_TRUE(hip.GetChildIds().empty());
 }
 
+// Lists and parents need not tell the same: what counts is what stands below in the lists.
+TEST_F(Bone, ListsDecideWhatIsBelow)
+{
+    XBone& a = New("a");
+    XBone& b = New("b");
+    ASSERT_TRUE(a.AddChildren({&b}));
+    EXPECT_FALSE(a.AddChild(&b));
+    EXPECT_FALSE(b.AddChild(&a));
+    EXPECT_EQ(a.GetChildIds(), XIndexList{b.GetID()});
+    EXPECT_TRUE(b.GetChildIds().empty());
+    EXPECT_EQ(m_Log.Text(),
+              "Error : Cannot add \"b\" as a child, since it is already a child of \"a\" or one of it's "
+              "children....\n"
+              "Error : Cannot add \"a\" as a child, since it is a parent of this node \"b\" or one of it's "
+              "children....\n");
+
+    XBone& first = New("first");
+    XBone& second = New("second");
+    XBone& moved = New("moved", &first);
+    ASSERT_TRUE(second.AddChild(&moved));
+    EXPECT_FALSE(first.AddChild(&moved));  // which lists it still
+    EXPECT_EQ(first.GetChildIds(), XIndexList{moved.GetID()});
+
+    XBone& dropped = New("dropped", &a);
+    ASSERT_TRUE(a.AddChildren({}));
+    EXPECT_TRUE(a.AddChild(&dropped));
+    EXPECT_EQ(a.GetChildIds(), XIndexList{dropped.GetID()});
+}
+
+TEST_F(Bone, ListsOfAFileDecideWhatIsBelow)
+{
+    XBone& a = New("a");
+    XBone& b = New("b");
+    ASSERT_TRUE(a.AddChildren({&b}));
+    for (const std::string& file : {SaveText(m_Model), SaveBinaryBytes(m_Model)}) {
+        XModel loaded;
+        ASSERT_EQ(LoadBytes(loaded, file), FileOk);
+        EXPECT_FALSE(XCast<XBone>(loaded.FindNode("b"))->AddChild(XCast<XBone>(loaded.FindNode("a"))));
+    }
+}
+
 TEST_F(Bone, DescendantsAreFoundAtAnyDepth)
 {
     XBone& hip = New("hip");

@@ -390,6 +390,24 @@ TEST_F(ContainerText, ALoadBuildsTheMatricesFromTheBindPose)
     EXPECT_EQ(SaveText(m_Model), kHeader + Bone("child", "2", "1", "0") + Bone("top", "1", "0", "1\n\t\t2 "));
 }
 
+// The inverses of a bone that is too small to have any are those of a fresh pose, in which
+// its orient takes part already.
+TEST_F(ContainerText, TinyBonesKeepTheInverseOfAFreshPose)
+{
+    std::string tiny = Bone("tiny", "1", "0", "0");
+    for (const auto& [what, with] : {std::pair{"scale\t1 1 1", "scale\t0.01 0.01 0.01"},
+                                     std::pair{"rotation_orient\t0 0 0 1", "rotation_orient\t0 0 1 0"}})
+        tiny.replace(tiny.find(what), std::string_view(what).size(), with);
+    ASSERT_EQ(Load(kHeader + tiny + Bone("other", "2", "0", "0")), FileOk);
+    const XBone* const bone = XCast<XBone>(m_Model.FindNode("tiny"));
+    EXPECT_EQ(bone->GetWorld(false)[0], -0.01f);
+    EXPECT_EQ(bone->GetInverseWorld(false), RotationMatrix({0, 0, -1, 0}));
+    EXPECT_EQ(bone->GetInverseWorld(true), RotationMatrix({0, 0, -1, 0}));
+    EXPECT_EQ(bone->GetTranslate(false), (XVector3{1, 2, 3, 0}));
+    EXPECT_EQ(XCast<XBone>(m_Model.FindNode("other"))->GetInverseWorld(true),
+              TranslationMatrix({-1, -2, -3, 0}));
+}
+
 TEST_F(ContainerText, RingsOfBonesLoadAndKeepIdentityMatrices)
 {
     ASSERT_EQ(Load(kHeader + Bone("a", "1", "3", "1\n\t\t2 ") + Bone("b", "2", "1", "1\n\t\t3 ") +

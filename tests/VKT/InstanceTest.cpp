@@ -272,6 +272,36 @@ TEST_F(Instance, SecondOneOfAShapeIsTheFirstAgain)
     EXPECT_EQ(ListOf(m_Bone), kWithMaterial);
 }
 
+// Ids of files may repeat: each bone goes by its own list.
+TEST_F(Instance, BonesOfOneIdHaveInstancesOfTheirOwn)
+{
+    m_Bone.SetName("hip");
+    ASSERT_TRUE(ReadList(m_Bone, kWithMaterial));
+    const std::string chunk = TextOf(m_Bone);
+    const std::string head = "BONE twin\n{\n\tid 4\n";
+    XModel model;
+    ASSERT_EQ(LoadText(model, SaveText(m_Model) + head + Replaced(chunk, kWithMaterial, kPlain) + "}\n"),
+              FileOk);
+    EXPECT_EQ(ListOf(*XCast<XBone>(model.FindNode("hip"))), kWithMaterial);
+    EXPECT_EQ(ListOf(*XCast<XBone>(model.FindNode("twin"))), kPlain);
+}
+
+TEST_F(Instance, SecondOneOfAShapeIsFoundOnceTheFirstIsGone)
+{
+    ASSERT_TRUE(ReadList(m_Bone, kPlain));
+    const std::string one = BodyOf(m_Bone).substr(2 + 5 + 4 + 310 - 4 + 4);
+    std::string bytes = BodyOf(m_Bone) + one;
+    XBone& bone = *m_Model.CreateNode<XBone>();
+    bytes[2 + 5] = static_cast<char>(bone.GetID());
+    bytes[2 + 5 + 4 + 310 - 4] = 2;
+    ASSERT_TRUE(ReadBody(bone, bytes));
+    ASSERT_EQ(bone.GetInstanceIds().size(), 2u);
+    const XIndexList ids = bone.GetInstanceIds();
+    ASSERT_TRUE(m_Model.DeleteInstance(ids[0]));
+    EXPECT_EQ(m_Model.CreateInstance(&bone, &m_Light), m_Model.FindInstance(ids[1]));
+    EXPECT_EQ(bone.GetInstanceIds(), XIndexList{ids[1]});
+}
+
 TEST_F(Instance, TextWritesTheMaterialAndBytesTheGroupsWhereBothStand)
 {
     ASSERT_TRUE(ReadList(m_Bone, kWithGroups));
