@@ -258,12 +258,14 @@ private:
     }
 };
 
-// Connections by ascending element, those of one element in their order.
-XVector<const XConnection*> ByElement(const XVector<XConnection>& connections)
+// Connections of the first `count` elements by ascending element, those of one element in
+// their order.
+XVector<const XConnection*> ByElement(const XVector<XConnection>& connections, u32 count)
 {
     XVector<const XConnection*> sorted;
     for (const XConnection& connection : connections)
-        sorted.push_back(&connection);
+        if (connection.m_Index < count)
+            sorted.push_back(&connection);
     std::stable_sort(sorted.begin(), sorted.end(),
                      [](const XConnection* a, const XConnection* b) { return a->m_Index < b->m_Index; });
     return sorted;
@@ -296,8 +298,8 @@ bool XAttribute::Read(XTextReader& in)
 
 void XAttribute::WriteConnections(XTextWriter& out, const XModel& model) const
 {
-    const XVector<const XConnection*> inputs = ByElement(m_Inputs);
-    const XVector<const XConnection*> outputs = ByElement(m_Outputs);
+    const XVector<const XConnection*> inputs = ByElement(m_Inputs, Size());
+    const XVector<const XConnection*> outputs = ByElement(m_Outputs, Size());
     auto input = inputs.begin();
     auto output = outputs.begin();
     while (input != inputs.end() || output != outputs.end()) {
@@ -305,7 +307,7 @@ void XAttribute::WriteConnections(XTextWriter& out, const XModel& model) const
             output == outputs.end() || (input != inputs.end() && (*input)->m_Index <= (*output)->m_Index);
         const u32 element = inputIsNext ? (*input)->m_Index : (*output)->m_Index;
         out << "\t\tATTR " << NameAsToken(m_Name) << ' ' << element << "\n\t\t{\n\t\t\tinput ";
-        if (inputIsNext)
+        if (inputIsNext && (*input)->m_Node != 0)
             out << XNodeId{(*input)->m_Node} << ' ' << NameAsToken((*input)->m_Attribute) << '\n';
         else
             out << "0\n";

@@ -76,6 +76,38 @@ TEST_F(ExtraAttributes, BlocksStandBehindTheBodyAndReadBack)
     EXPECT_EQ(SaveText(loaded), File(blocks));
 }
 
+TEST_F(ExtraAttributes, InputOfNoNodeIsNone)
+{
+    XAttribute* a = m_Wave->CreateExtraAttribute("a");
+    a->SetInput(0, 0, "x");
+    a->AddOutput(0, 1, "y");
+    const std::string blocks =
+        "\tEXTRA_ATTRIBUTES\n\t{\n\t\ta bool 0\n\t}\n"
+        "\tCONNECTIONS\n\t{\n\t\tATTR a 0\n\t\t{\n\t\t\tinput 0\n\t\t\toutput 1\n\t\t\t\t1 y\n\t\t}\n\t}\n";
+    EXPECT_EQ(SaveText(m_Model), File(blocks));
+    XModel loaded;
+    EXPECT_EQ(LoadText(loaded, File(blocks)), FileOk);
+    EXPECT_EQ(SaveText(loaded), File(blocks));
+}
+
+// The text form lists the elements there are; the binary form holds whatever was connected.
+TEST_F(ExtraAttributes, ConnectionsBeyondTheElementsAreInBytesAlone)
+{
+    XAttribute* a = m_Wave->CreateExtraAttribute("a");
+    a->Set(XFloatArray{1, 2});
+    a->SetInput(1, 1, "x");
+    a->SetInput(2, 1, "y");
+    XAttribute* b = m_Wave->CreateExtraAttribute("b");
+    b->AddOutput(1, 1, "z");
+    EXPECT_EQ(SaveText(m_Model),
+              File("\tEXTRA_ATTRIBUTES\n\t{\n\t\ta vector<float> 2 { 1 2  }\n\t\tb bool 0\n\t}\n"
+                   "\tCONNECTIONS\n\t{\n\t\tATTR a 1\n\t\t{\n\t\t\tinput 1 x\n\t\t\toutput 0\n\t\t}\n\t}\n"));
+    XModel loaded;
+    ASSERT_EQ(LoadBytes(loaded, SaveBinaryBytes(m_Model)), FileOk);
+    EXPECT_TRUE(loaded.FindNode(1)->GetExtraAttribute("a")->HasInput(2));
+    EXPECT_TRUE(loaded.FindNode(1)->GetExtraAttribute("b")->HasOutput(1));
+}
+
 TEST_F(ExtraAttributes, BinaryBlockStandsAheadOfTheBody)
 {
     m_Wave->CreateExtraAttribute("a")->Set(7);
