@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "VKT/FileIO.h"
+#include "VKT/NodeName.h"
 #include "VKT/TextSyntax.h"
 #include "VKT/TextWriter.h"
 #include "VKT/UserNode.h"
@@ -65,8 +66,8 @@ XBase* XNewNode::CreateNode(XModel* model) const
 bool XNewNode::Write(XTextWriter& out) const
 {
     const Family* family = FindFamily([this](const Family& row) { return row.family == m_BaseType; });
-    out << "NEW_NODE\n{\n\tbase_type " << (family ? family->word : "none") << "\n\ttype_name " << m_TypeName
-        << "\n\theader " << m_Header << "\n}\n";
+    out << "NEW_NODE\n{\n\tbase_type " << (family ? family->word : "none") << "\n\ttype_name "
+        << NameAsToken(m_TypeName) << "\n\theader " << m_Header << "\n}\n";
     return out.IsGood();
 }
 

@@ -115,6 +115,17 @@ TEST_F(NewNode, FamiliesReadFromEveryWord)
     EXPECT_EQ(families, (XIndexList{1, 2, 3, 4, 5, 6, 8, 9, 10, 0}));
 }
 
+TEST_F(NewNode, TheTypeNameIsOneWordInText)
+{
+    ASSERT_NE(m_Model.AddNewNode(kFamilyNone, "", "FOG"), nullptr);
+    ASSERT_NE(m_Model.AddNewNode(kFamilyNone, "thin smoke", "SMOKE"), nullptr);
+    const std::string text = SaveText(m_Model);
+    EXPECT_EQ(text, std::string(kHeader) +
+                        "NEW_NODE\n{\n\tbase_type none\n\ttype_name _\n\theader FOG\n}\n"
+                        "NEW_NODE\n{\n\tbase_type none\n\ttype_name thin_smoke\n\theader SMOKE\n}\n");
+    EXPECT_EQ(LoadQuietly(text), FileOk);
+}
+
 TEST_F(NewNode, TheFamilySevenHasNoInstances)
 {
     EXPECT_EQ(m_Model.CreateNode(*m_Model.AddNewNode(7, "kind", "KIND")), nullptr);
@@ -172,6 +183,15 @@ TEST_F(NewNode, ExtraAttributesEndTheBody)
                    "\t\t}\n\t}\n}\n");
     EXPECT_EQ(DataOf<XNewBase>("mist"), "\tdensity 1\n");
     EXPECT_NE(m_Model.FindNode(1u)->GetExtraAttribute("count"), nullptr);
+}
+
+TEST_F(NewNode, ExtraAttributesEndTheBodyAtAnyDepth)
+{
+    ASSERT_EQ(LoadQuietly(kHeader + Definition("none", "FOG") +
+                          "FOG mist\n{\n\tid 1\n\ta {\n\tEXTRA_ATTRIBUTES\n\t{\n\t}\n}\n"),
+              FileOk);
+    EXPECT_EQ(DataOf<XNewBase>("mist"), "\ta {\n");
+    EXPECT_NE(m_Model.FindNode("mist")->GetExtraAttributes(), nullptr);
 }
 
 TEST_F(NewNode, ExtraAttributesMayFollowTheClassAtOnce)
