@@ -20,11 +20,11 @@ XFileResult XModel::LoadAscii(const char* path, bool loadCycles)
     }
     std::setvbuf(file.get(), nullptr, _IONBF, 0);  // the reader has a window of its own
     XTextReader in(file.get());
-    XString header;
-    in.ReadToken(header);  // checked by `Load`
-    return ReadTextChunks(in, path, loadCycles);
+    return LoadAsciiStream(in, path, loadCycles);
 }
 
+// Kept on purpose: the header is checked here also where `Load` has done it, so that the
+// warning of an older text file comes twice.
 XFileResult XModel::LoadAsciiStream(XTextReader& in, const char* path, bool loadCycles)
 {
     XString header;
