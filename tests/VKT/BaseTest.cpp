@@ -259,6 +259,28 @@ TEST_F(BaseTest, TheBinaryHeaderIsTypeFlagReservedAndSize)
     EXPECT_FALSE(bone->DoHeader(in));
 }
 
+TEST_F(BaseTest, TheBinaryHeaderTellsOfExtraAttributes)
+{
+    XBone* const bone = m_Model.CreateNode<XBone>();
+    bone->SetName("b");
+    bone->CreateExtraAttribute("e");
+    const auto header = [&] {
+        const TempFile file(".bin");
+        XFileIO out(file.Path(), false);
+        EXPECT_TRUE(bone->DoHeader(out));
+        EXPECT_TRUE(out.Close());
+        return file.Bytes();
+    };
+    EXPECT_EQ(Hex(header()), "56 00 01 00 59 01 00 00");  // and 4 + 4 + 3 + 1 + 4 + 4
+    XBone fresh(&m_Model);
+    const TempFile file(".bin", header());
+    XFileIO in(file.Path(), true);
+    EXPECT_TRUE(fresh.DoHeader(in));
+    EXPECT_NE(fresh.GetExtraAttributes(), nullptr);
+    m_Model.GetSaveFlags().Clear(SaveExtraAttributes);
+    EXPECT_EQ(Hex(header()), "56 00 00 00 45 01 00 00");
+}
+
 TEST_F(BaseTest, ABodyThatEndsEarlyFails)
 {
     EXPECT_FALSE(ReadBody(m_Node, Bytes("05 00 61 62")));

@@ -283,6 +283,47 @@ TEST_F(ContainerSave, AFlagThatIsClearLeavesItsGroupOut)
     EXPECT_EQ(SaveText(m_Model), kMark);
 }
 
+// The keys of the chunks of a text, in their order.
+std::vector<std::string> ChunkKeys(const std::string& text)
+{
+    std::vector<std::string> keys;
+    std::istringstream lines(text);
+    for (std::string line, last; std::getline(lines, line); last = line)
+        if (line == "{")
+            keys.push_back(last.substr(0, last.find(' ')));
+    return keys;
+}
+
+TEST_F(ContainerSave, AllGroupsStandInTheirOrderWhateverTheirNames)
+{
+    m_Model.Clear();
+    const auto add = [this](u32 type, const char* name) { m_Model.CreateNode(type)->SetName(name); };
+    m_Model.CreateNode(kFnAnimCycle);
+    add(kFnObjectSet, "b");
+    add(kFnNonLinearWave, "c");
+    add(kFnTexPlacement3D, "d");
+    add(kFnSpotLight, "e");
+    add(kFnLambert, "f");
+    add(kFnTexture, "g");
+    add(kFnTexPlacement2D, "h");
+    ASSERT_NE(m_Model.AddInheritedNode(kFnBone, "LIMB"), nullptr);
+    ASSERT_NE(m_Model.AddNewNode(kFamilyNone, "fog", "FOG"), nullptr);
+    m_Model.SetInfo(std::make_unique<XInfo>());
+    const std::vector<std::string> keys = {
+        "INFO",           "NEW_NODE",   "INHERITED_NODE", "TEXTURE_2D",
+        "TEXTURE",        "LAMBERT",    "SPOT_LIGHT",     "TEXTURE_PLACEMENT_3D",
+        "NONLINEAR_WAVE", "OBJECT_SET", "ANIM_CYCLE"};
+    EXPECT_EQ(ChunkKeys(SaveText(m_Model)), keys);
+    XModel fromBytes;
+    ASSERT_EQ(LoadBytes(fromBytes, SaveBinaryBytes(m_Model)), FileOk);
+    EXPECT_EQ(ChunkKeys(SaveText(fromBytes)), keys);
+
+    m_Model.GetSaveFlags().Clear(SaveTextures);
+    std::vector<std::string> rest = keys;
+    rest.erase(rest.begin() + 3, rest.begin() + 5);  // a placement in space is a bone
+    EXPECT_EQ(ChunkKeys(SaveText(m_Model)), rest);
+}
+
 TEST_F(ContainerSave, WithoutShapesTheInstanceListsAreEmpty)
 {
     m_Model.GetSaveFlags().Clear(SaveShapes);
