@@ -39,6 +39,15 @@ constexpr XPropertyRow LayerNodes(u32 id, const char* name)
         kFnMaterial);
 }
 
+// A file below version 4 has three lists of one length.
+bool IsLengthOfAll(u32 count, u32 length)
+{
+    if (count == length)
+        return true;
+    GetLogger()->Log(kError, "Layered Shader inputs are invalid. Aborting the reading of the layered shader");
+    return false;
+}
+
 }  // namespace
 
 void XLayeredShader::AddLayer()
@@ -162,43 +171,54 @@ bool XLayeredShader::ReadLayers(XTextReader& in)
     return in.IsGood();
 }
 
-// Below version 4 a layer had no colours: three lists of ids.
+// Below version 4 a layer had no colours: three lists of ids. A count is compared as soon as
+// it is there, so that its message comes before any of what the list lacks.
 bool XLayeredShader::ReadOldLayers(XTextReader& in)
 {
     XIndexList ids[kNumChannels];
+    u32 length = 0;
     for (const Channel channel : {kColour, kTransparency, kGlow}) {
         if (!Expect(kOldKeys[channel], in, kSource, 4))
             return false;
         u32 count = 0;
         in.Read(count);
+        if (channel == kColour)
+            length = count;
+        else if (!IsLengthOfAll(count, length))
+            return false;
         in.ReadNumbers(ids[channel], count);
     }
-    if (!in.IsGood() || !TakeOldLayers(ids) || !Expect("compositing_flag", in, kSource, 5))
+    if (!in.IsGood() || !Expect("compositing_flag", in, kSource, 5))
         return false;
+    TakeOldLayers(ids);
     in.Read(m_CompositingFlag);
     return in.IsGood();
 }
 
+// The second and third list take the room of the first, which has come.
 bool XLayeredShader::DoOldLayers(XFileIO& file)
 {
     XIndexList ids[kNumChannels];
-    for (XIndexList& list : ids)
-        if (!file.DoIds(list))
+    if (!file.DoIds(ids[kColour]))
+        return false;
+    const u32 length = static_cast<u32>(ids[kColour].size());
+    for (const Channel channel : {kTransparency, kGlow}) {
+        u32 count = 0;
+        if (!file.DoData(count) || !IsLengthOfAll(count, length))
             return false;
-    return TakeOldLayers(ids) && file.DoData(m_CompositingFlag);
+        ids[channel].resize(count);
+        if (count > 0 && !file.DoData(ids[channel].data(), count))
+            return false;
+    }
+    TakeOldLayers(ids);
+    return file.DoData(m_CompositingFlag);
 }
 
-bool XLayeredShader::TakeOldLayers(const XIndexList (&ids)[kNumChannels])
+void XLayeredShader::TakeOldLayers(const XIndexList (&ids)[kNumChannels])
 {
-    if (ids[kTransparency].size() != ids[kColour].size() || ids[kGlow].size() != ids[kColour].size()) {
-        GetLogger()->Log(kError,
-                         "Layered Shader inputs are invalid. Aborting the reading of the layered shader");
-        return false;
-    }
     for (std::size_t layer = 0; layer < ids[kColour].size(); ++layer)
         for (const Channel channel : {kColour, kTransparency, kGlow})
             AddOwnedInput(kNames[channel]).input = ids[channel][layer];
-    return true;
 }
 
 XBodyTable XLayeredShader::TextBody()

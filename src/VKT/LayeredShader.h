@@ -51,7 +51,7 @@ private:
     bool ReadLayers(XTextReader& in);
     bool ReadOldLayers(XTextReader& in);
     bool DoOldLayers(XFileIO& file);
-    bool TakeOldLayers(const XIndexList (&ids)[kNumChannels]);
+    void TakeOldLayers(const XIndexList (&ids)[kNumChannels]);
 
     u32 m_CompositingFlag = 0;
 };

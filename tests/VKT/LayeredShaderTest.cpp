@@ -285,6 +285,56 @@ TEST_F(LayeredShader, OldListsOfDifferentLengthsFail)
     EXPECT_EQ(m_Log.Text(), std::string(kInvalid) + kInvalid + kInvalid + kInvalid);
 }
 
+// A count is compared before its list is read: what the list lacks is not looked at.
+TEST_F(LayeredShader, OldCountsAreComparedAsSoonAsTheyAreThere)
+{
+    MakeOlder();
+    for (const char* lists :
+         {"transparency_inputs 3 14 15\nglow_inputs 2 16 17\n", "transparency_inputs 3 14",
+          "transparency_inputs 4294967295 14 15", "transparency_inputs many",
+          "transparency_inputs 2 14 15\nglow_inputs 3 16 17\n"}) {
+        m_Log.Clear();
+        const std::string text = kOldText;
+        EXPECT_FALSE(ReadText(New(), text.substr(0, text.find("transparency_inputs")) + lists));
+        EXPECT_EQ(m_Log.Text(), kInvalid) << lists;
+    }
+    for (const char* lists : {"ff ff ff ff 0e 00 00 00", "03 00 00 00", "00 00 00 00",
+                              "02 00 00 00 0e 00 00 00 0f 00 00 00 ff ff ff ff"}) {
+        m_Log.Clear();
+        const std::string bytes = kOldBytes;
+        EXPECT_FALSE(ReadBody(New(), Bytes(bytes.substr(0, bytes.find("02 00 00 00 0e")) + lists)));
+        EXPECT_EQ(m_Log.Text(), kInvalid) << lists;
+    }
+}
+
+TEST_F(LayeredShader, OldListsOfOneLengthMustCome)
+{
+    MakeOlder();
+    EXPECT_FALSE(
+        ReadText(New(), Replaced(kOldText, "transparency_inputs 2 14 15", "transparency_inputs 2 14")));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected glow_inputs got  [.\\src\\VKT\\LayeredShader:4]\n");
+    m_Log.Clear();
+    const std::string bytes = kOldBytes;
+    EXPECT_FALSE(ReadBody(New(), Bytes(bytes.substr(0, bytes.find(" 0f 00 00 00")))));
+    EXPECT_EQ(m_Log.Text(), "Error : XFileIO::DoData : expected to read/write 2 elements got 1\n");
+}
+
+TEST_F(LayeredShader, OldFileWithoutLayersIsRead)
+{
+    MakeOlder();
+    const std::string text = kOldText;
+    XLayeredShader& fromText = New();
+    EXPECT_TRUE(
+        ReadText(fromText, text.substr(0, text.find("colour_inputs")) +
+                               "colour_inputs 0 transparency_inputs 0 glow_inputs 0 compositing_flag 18"));
+    EXPECT_EQ(TextOf(fromText), std::string(kBase) + "compositing_flag 18\ninputs 0\n");
+    const std::string bytes = kOldBytes;
+    XLayeredShader& fromBytes = New();
+    EXPECT_TRUE(ReadBody(fromBytes, Bytes(bytes.substr(0, bytes.find("02 00 00 00 0c")) +
+                                          "00 00 00 00 00 00 00 00 00 00 00 00 12 00 00 00")));
+    EXPECT_EQ(TextOf(fromBytes), TextOf(fromText));
+}
+
 TEST_F(LayeredShader, OldFileWithListsOfDifferentLengthsFails)
 {
     const std::string text = Replaced(kOldText, "transparency_inputs 2 14 15", "transparency_inputs 1 14");
@@ -341,6 +391,7 @@ TEST_F(LayeredShader, PropertiesReachTheLayers)
     i32 layers = 0;
     EXPECT_TRUE(properties.GetInteger(&m_Shader, 3, layers));
     EXPECT_EQ(layers, 2);
+    EXPECT_EQ(m_Log.Text(), "");
 
     XBase* const clay = m_Model.CreateNode(kFnLambert);
     XBase* const gold = m_Model.CreateNode(kFnLambert);
