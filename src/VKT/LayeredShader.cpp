@@ -56,7 +56,18 @@ void XLayeredShader::AddLayer()
         AddOwnedInput(name);
 }
 
-void XLayeredShader::SetNumLayers(u32 count)
+bool XLayeredShader::SetNumLayers(u32 count)
+{
+    if (count > kMaxSetLayers && count > GetNumLayers()) {
+        GetLogger()->LogFormat(kError, "num_layers %u of \"%s\" is more than can be set, which is %u", count,
+                               GetName(), kMaxSetLayers);
+        return false;
+    }
+    Resize(count);
+    return true;
+}
+
+void XLayeredShader::Resize(u32 count)
 {
     if (count < GetNumLayers())
         KeepOwnedInputs(std::size_t{count} * kNumChannels);
@@ -107,7 +118,7 @@ bool XLayeredShader::DoData(XFileIO& file)
     if (!XNodeClass::DoData(file))
         return false;
     if (file.IsReading())
-        SetNumLayers(0);
+        Resize(0);
     if (file.IsReading() && IsFromOlderFile(*this))
         return DoOldLayers(file);
     u32 count = 0;
@@ -128,7 +139,7 @@ void XLayeredShader::DoCopy(const XBase* source)
     if (!other)
         return;
     XNodeClass::DoCopy(source);
-    SetNumLayers(other->GetNumLayers());
+    Resize(other->GetNumLayers());
     for (std::size_t i = 0; i < other->GetNumOwnedInputs(); ++i)
         GetOwnedInput(i) = other->GetOwnedInput(i);
 }
@@ -152,7 +163,7 @@ bool XLayeredShader::ReadChunk(XTextReader& in)
 {
     if (!XNodeClass::ReadChunk(in))
         return false;
-    SetNumLayers(0);
+    Resize(0);
     return IsFromOlderFile(*this) ? ReadOldLayers(in) : ReadLayers(in);
 }
 
@@ -243,10 +254,7 @@ XPropertyTable XLayeredShader::Properties()
         return true;
     };
     static constexpr auto setNumLayers = [](XBase& node, const i32& value) {
-        if (value < 0)
-            return false;
-        As<XLayeredShader>(node).SetNumLayers(static_cast<u32>(value));
-        return true;
+        return value >= 0 && As<XLayeredShader>(node).SetNumLayers(static_cast<u32>(value));
     };
     static constexpr auto getIsTexture = [](const XBase& node, bool& value) {
         value = As<XLayeredShader>(node).m_CompositingFlag != 0;

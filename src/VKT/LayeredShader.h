@@ -15,8 +15,11 @@ public:
     u32 GetNumLayers() const { return static_cast<u32>(GetNumOwnedInputs() / kNumChannels); }
     // A layer on top of the others, black, opaque, fed by nothing.
     void AddLayer();
-    // Adds such layers, or removes the last ones.
-    void SetNumLayers(u32 count);
+    // How many layers can be set at once; files are bounded by what they hold.
+    static constexpr u32 kMaxSetLayers = 1u << 17;
+    // Adds such layers, or removes the last ones. False, with a logged error and nothing
+    // changed, for more than `kMaxSetLayers`, unless there are as many already.
+    bool SetNumLayers(u32 count);
 
     // What feeds a layer, all three at once; null for nothing. False, and nothing changed,
     // for a node of another document and, with a logged error, for a layer that is none.
@@ -48,6 +51,7 @@ public:
 
 private:
     bool HasLayer(u32 layerIndex) const;
+    void Resize(u32 count);
     bool ReadLayers(XTextReader& in);
     bool ReadOldLayers(XTextReader& in);
     bool DoOldLayers(XFileIO& file);

@@ -66,7 +66,7 @@ using XPropertyTable = std::span<const XPropertyRow>;
 //
 // Every typed operation answers false for a number that has no property of its type in
 // the class or its bases, for a node of a foreign class, and a setter also for a
-// read-only property. Only size checks of array setters log.
+// read-only property. Only size checks of setters log.
 //
 // The order of the operations is relied on by callers that were built apart from the
 // library; the two array getters stand in swapped order on purpose.

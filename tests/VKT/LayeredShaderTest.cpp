@@ -420,4 +420,24 @@ TEST_F(LayeredShader, PropertiesReachTheLayers)
     EXPECT_TRUE(isTexture);
 }
 
+TEST_F(LayeredShader, MoreLayersThanMemoryHoldsAreRefused)
+{
+    ASSERT_TRUE(ReadText(m_Shader, kText));
+    const XNodeProperties& properties = *m_Shader.GetNodeProperties();
+    EXPECT_FALSE(properties.SetInteger(&m_Shader, 3, 2147483647));
+    EXPECT_FALSE(m_Shader.SetNumLayers(131073));
+    EXPECT_EQ(m_Log.Text(),
+              "Error : num_layers 2147483647 of \"node1\" is more than can be set, which is 131072\n"
+              "Error : num_layers 131073 of \"node1\" is more than can be set, which is 131072\n");
+    EXPECT_EQ(TextOf(m_Shader), kText);
+    // What is there may stay, and become less.
+    EXPECT_TRUE(m_Shader.SetNumLayers(131072));
+    m_Shader.AddLayer();
+    m_Shader.AddLayer();
+    EXPECT_TRUE(m_Shader.SetNumLayers(131073));
+    EXPECT_EQ(m_Shader.GetNumLayers(), 131073u);
+    EXPECT_TRUE(properties.SetInteger(&m_Shader, 3, 2));
+    EXPECT_EQ(TextOf(m_Shader), kText);
+}
+
 }  // namespace
