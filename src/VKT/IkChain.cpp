@@ -16,11 +16,9 @@ bool XIkChain::GetChain(XBoneList& out) const
     return !out.empty();
 }
 
-void XIkChain::SetChain(const XBoneList& chain)
+bool XIkChain::SetChain(const XBoneList& chain)
 {
-    m_Chain.resize(chain.size());
-    std::transform(chain.begin(), chain.end(), m_Chain.begin(),
-                   [](const XBone* bone) { return bone->GetID(); });
+    return Detail::ListIds(*this, XNodeList(chain.begin(), chain.end()), kFnBone, m_Chain);
 }
 
 XBone* XIkChain::GetHandle() const

@@ -15,7 +15,8 @@ public:
     // Fills `out` with the bones that the document still holds, from the chain's begin to
     // its end. Answers whether there are any.
     bool GetChain(XBoneList& out) const;
-    void SetChain(const XBoneList& chain);
+    // False, and nothing changed, when one of them is null or of another document.
+    bool SetChain(const XBoneList& chain);
     XBone* GetHandle() const;
     void SetHandle(const XBone* handle);
     // The node that the pole vector follows.

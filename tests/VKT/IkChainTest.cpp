@@ -98,7 +98,7 @@ TEST_F(IkChain, SettersReachTheirFields)
     m_Chain.SetStickiness(8);
     m_Chain.SetPoleVector({9, 10, 11, 0});
     m_Chain.SetPoleConstraint(&m_Hip);
-    m_Chain.SetChain({&m_Hip, &m_Knee, &m_Hip});
+    EXPECT_TRUE(m_Chain.SetChain({&m_Hip, &m_Knee, &m_Hip}));
     EXPECT_EQ(TextOf(m_Chain), kText);
     EXPECT_EQ(m_Chain.GetPriority(), -3);
     EXPECT_EQ(m_Chain.GetMaxIterations(), 4u);
@@ -109,12 +109,23 @@ TEST_F(IkChain, SettersReachTheirFields)
     EXPECT_EQ(m_Chain.GetPoleVector(), (XVector3{9, 10, 11, 0}));
     m_Chain.SetHandle(nullptr);
     m_Chain.SetPoleConstraint(nullptr);
-    m_Chain.SetChain({});
+    EXPECT_TRUE(m_Chain.SetChain({}));
     XBoneList bones{&m_Hip};
     EXPECT_FALSE(m_Chain.GetChain(bones));
     EXPECT_TRUE(bones.empty());
     EXPECT_EQ(m_Chain.GetHandle(), nullptr);
     EXPECT_EQ(m_Chain.GetPoleConstraint(), nullptr);
+}
+
+TEST_F(IkChain, ChainOfWhatIsNoBoneOfTheDocumentIsRefused)
+{
+    ASSERT_TRUE(ReadText(m_Chain, kText));
+    XModel other;
+    EXPECT_FALSE(m_Chain.SetChain({nullptr}));
+    EXPECT_FALSE(m_Chain.SetChain({&m_Knee, nullptr}));
+    EXPECT_FALSE(m_Chain.SetChain({&m_Knee, other.CreateNode<XBone>()}));
+    EXPECT_EQ(TextOf(m_Chain), kText);
+    EXPECT_EQ(m_Log.Text(), "");
 }
 
 TEST_F(IkChain, WrongKeysAreLogged)
