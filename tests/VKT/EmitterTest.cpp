@@ -1,5 +1,6 @@
 #include "VKT/Emitter.h"
 
+#include "VKT/Attribute.h"
 #include "VKT/NodeTest.h"
 #include "VKT/ParticleShape.h"
 #include "VKT/PropertyRows.h"
@@ -302,6 +303,36 @@ TEST_F(Emitter, DoesNotOutliveItsParticleShape)
     EXPECT_TRUE(emitter.NodeDeath(child.GetID()));
     EXPECT_TRUE(emitter.GetChildIds().empty());
     EXPECT_TRUE(emitter.NodeDeath(99));
+}
+
+// It goes with its particle shape, so nothing of it is tidied up first.
+TEST_F(Emitter, DeathOfItsParticleShapeReachesNoBase)
+{
+    XEmitter& emitter = New();
+    emitter.SetShape(&m_Particles);
+    XAttribute& speed = *emitter.CreateExtraAttribute("speed");
+    speed.Set(1.0f);
+    XParticleShape& other = *m_Model.CreateNode<XParticleShape>();
+    for (XParticleShape* source : {&m_Particles, &other}) {
+        ASSERT_TRUE(speed.SetInput(0, source->GetID(), "lifespan"));
+        EXPECT_EQ(emitter.NodeDeath(source->GetID()), source == &other);
+        EXPECT_EQ(speed.HasInput(0), source == &m_Particles);
+    }
+}
+
+// Kept on purpose.
+TEST_F(Emitter, ObjectAndTransformOutliveTheirNodes)
+{
+    XEmitter& emitter = New();
+    XBone& bone = *m_Model.CreateNode<XBone>();
+    const std::string id = std::to_string(bone.GetID());
+    emitter.SetEmitterObject(&bone);
+    emitter.SetEmitterTransform(&bone);
+    EXPECT_TRUE(m_Model.DeleteNode(bone.GetID()));
+    EXPECT_EQ(emitter.GetEmitterObject(), nullptr);
+    EXPECT_EQ(emitter.GetEmitterTransform(), nullptr);
+    EXPECT_NE(OwnText(emitter).find("\temitter_object " + id + "\n\temitter_transform " + id + "\n"),
+              std::string::npos);
 }
 
 TEST_F(Emitter, CloneFeedsTheSameShapeWhereLinksAreAskedFor)

@@ -100,6 +100,18 @@ TEST_F(Lambert, EachWrongKeyIsLoggedWithItsClassAndRow)
     }
 }
 
+TEST_F(Lambert, IdsOfInputsFollowTheirWord)
+{
+    EXPECT_FALSE(ReadText(m_Clay, Replaced(kText, " input 6", " tex 6")));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected input got tex [.\\src\\VKT\\Material:2]\n");
+}
+
+TEST_F(Lambert, NumberThatDoesNotComeAtTheEndFailsInSilence)
+{
+    EXPECT_FALSE(ReadText(m_Clay, Replaced(kText, "env_map 23", "env_map x")));
+    EXPECT_EQ(m_Log.Text(), "");
+}
+
 TEST_F(Lambert, ValuesAreTakenAsTheyStand)
 {
     const std::string text = Replaced(kText, "colour 2 3 4 5 input 6", "colour -2 1e+10 0 1 input 999");
@@ -237,6 +249,9 @@ TEST_F(Lambert, OldTextIsReadWithItsSpellings)
     EXPECT_EQ(TextOf(clay), kText);
     EXPECT_FALSE(ReadText(New(), kText));
     EXPECT_EQ(m_Log.Text(), "Error : Expected ambient_color got hw_shader [.\\src\\VKT\\Lambert:1]\n");
+    m_Log.Clear();
+    EXPECT_FALSE(ReadText(New(), Replaced(kOldText, " tex 11", " input 11")));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected tex got input [.\\src\\VKT\\Lambert:1]\n");
 }
 
 TEST_F(Lambert, OldTextHasNoSpecularColour)
@@ -281,17 +296,39 @@ TEST_F(Lambert, EveryCutOfTheOldBytesFails)
         EXPECT_FALSE(ReadBody(New(), bytes.substr(0, length))) << length;
 }
 
+// A binary file without images, whose chunks hold these bodies.
+std::string OldBinaryFile(const std::vector<std::string>& bodies)
+{
+    std::string file = "|VKT_003B#0000#00000000|" + Bytes("00 00");
+    for (const std::string& body : bodies) {
+        file += Bytes("0a 00 00 00");
+        const auto size = static_cast<u32>(body.size() + 8);
+        for (int shift = 0; shift < 32; shift += 8)
+            file += static_cast<char>(size >> shift);
+        file += body;
+    }
+    return file;
+}
+
+// The file loads without it.
+TEST_F(Lambert, OneWithTheNewSpellingInAnOldBinaryFileIsRefusedInSilence)
+{
+    const std::string renamed = Replaced(kOldBytes, "0d 00 61 6d 62 69 65 6e 74 5f 63 6f 6c 6f 72",
+                                         "0e 00 61 6d 62 69 65 6e 74 5f 63 6f 6c 6f 75 72");
+    const std::string behind = Replaced(kOldBytes, "6e 6f 64 65 31 01", "6e 6f 64 65 32 02");
+    ASSERT_EQ(LoadBytes(m_Model, OldBinaryFile({Bytes(renamed), Bytes(behind)})), FileOk);
+    EXPECT_EQ(m_Model.FindNode("node1"), nullptr);
+    EXPECT_EQ(m_Model.GetNumDroppedChunks(), 1u);
+    ASSERT_NE(m_Model.FindNode("node2"), nullptr);
+    EXPECT_EQ(TextOf(*m_Model.FindNode("node2")), kText);
+    EXPECT_EQ(m_Log.Text().find("Error"), std::string::npos) << m_Log.Text();
+}
+
 TEST_F(Lambert, OldFileOfEitherFormIsSavedWithTheNewNames)
 {
     const std::string text =
         std::string("|VKT_003A#0000#00000000|\nLAMBERT node1\n{\n\tid 1\n") + kOldText + "}\n\n";
-    std::string binary = "|VKT_003B#0000#00000000|";
-    const std::string body = Bytes(kOldBytes);
-    binary += Bytes("00 00 0a 00 00 00");
-    const auto size = static_cast<u32>(body.size() + 8);
-    for (int shift = 0; shift < 32; shift += 8)
-        binary += static_cast<char>(size >> shift);
-    binary += body;
+    const std::string binary = OldBinaryFile({Bytes(kOldBytes)});
     for (const std::string& file : {text, binary}) {
         ASSERT_EQ(LoadBytes(m_Model, file), FileOk);
         EXPECT_EQ(m_Model.GetVersion(), 3u);

@@ -110,6 +110,20 @@ TEST_F(NodeCollection, DeathRemovesTheFirstEntry)
     EXPECT_TRUE(ids.empty());
 }
 
+TEST_F(NodeCollection, DeletedMemberShortensTheItems)
+{
+    XDisplayLayer& layer = *m_Model.CreateNode<XDisplayLayer>();
+    XObjectSet& set = *m_Model.CreateNode<XObjectSet>();
+    for (XNodeCollection* items :
+         {static_cast<XNodeCollection*>(&layer), static_cast<XNodeCollection*>(&set)}) {
+        items->AddItem(&m_First);
+        items->AddItem(&m_Second);
+    }
+    EXPECT_TRUE(m_Model.DeleteNode(m_First.GetID()));
+    EXPECT_EQ(TextOf(layer), "\tnum_items 1\n\t\t2\n");
+    EXPECT_EQ(TextOf(set), "\tnum_items 1\n\t\t2\n\tannotation \"\"\n");
+}
+
 TEST_F(NodeCollection, WrongKeysAreLogged)
 {
     EXPECT_FALSE(ReadText(m_Set, Replaced(kSetText, "num_items", "items")));

@@ -272,6 +272,17 @@ TEST_F(ParticleShape, DeletedOnesAreMissedByThoseThatListThem)
     EXPECT_EQ(shapes, (XNodeList{&other}));
 }
 
+// Kept on purpose.
+TEST_F(ParticleShape, MaterialOutlivesItsNode)
+{
+    XLambert& lambert = *m_Model.CreateNode<XLambert>();
+    const std::string id = std::to_string(lambert.GetID());
+    m_Particles.SetMaterial(&lambert);
+    EXPECT_TRUE(m_Model.DeleteNode(lambert.GetID()));
+    EXPECT_EQ(m_Particles.GetMaterial(), nullptr);
+    EXPECT_NE(TextOf(m_Particles).find("\t material " + id + "\n"), std::string::npos);
+}
+
 TEST_F(ParticleShape, CloneHasLinksWhereTheyAreAskedFor)
 {
     XEmitter& emitter = *m_Model.CreateNode<XEmitter>();

@@ -332,6 +332,17 @@ TEST_P(SampleSweep, IdsAreWrittenAsIds)
     }
 }
 
+// A death is told only to nodes that list the dead one among their references.
+TEST_P(SampleSweep, WhatTextNamesIsKnownAsAReference)
+{
+    for (const XBase* node : Nodes()) {
+        XIndexList known;
+        node->ListReferences(known);
+        for (const u32 id : IdsIn(*node))
+            EXPECT_THAT(known, testing::Contains(id)) << node->GetName();
+    }
+}
+
 // Whatever comes of a damaged file, it is an answer, and what came can be saved.
 void ExpectAnswer(const std::string& file)
 {

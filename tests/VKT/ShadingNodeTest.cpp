@@ -1,5 +1,6 @@
 #include "VKT/ShadingNode.h"
 
+#include "VKT/BumpMap.h"
 #include "VKT/Lambert.h"
 #include "VKT/NodeTest.h"
 
@@ -129,6 +130,17 @@ TEST_F(ShadingDeletion, LeavesMaterialsThatFeedAnother)
     XLambert& other = New();
     other.Connect(other.GetAmbientColour(), &m_Fed);
     EXPECT_TRUE(Deleted(DeleteMaterials).empty());
+}
+
+// Kept on purpose.
+TEST_F(ShadingDeletion, LeavesTexturesWhateverTheFlagsSay)
+{
+    ASSERT_TRUE(m_Top.Connect(m_Top.GetColour(), m_Model.CreateNode(kFnTexture)));
+    ASSERT_TRUE(m_Top.SetBumpMap(m_Model.CreateNode(kFnBumpMap)));
+    for (const u32 flags : {u32{DeleteTextures}, u32{DeleteMaterials}, 0xFFFFFFFFu})
+        EXPECT_TRUE(Deleted(flags).empty()) << flags;
+    m_Model.GetDeleteFlags().Set(0xFFFFFFFF);
+    EXPECT_EQ(m_Model.DeleteNodes({m_Top.GetID()}), 1u);
 }
 
 TEST_F(ShadingDeletion, LeavesWhatIsNoMaterialOrGone)

@@ -176,6 +176,13 @@ TEST_P(Specular, EachWrongKeyIsLoggedWithItsClassAndRow)
     }
 }
 
+TEST_P(Specular, NumberThatDoesNotComeAtTheEndFailsInSilence)
+{
+    const std::string key = "\t" + GetParam().keys.back() + " ";
+    EXPECT_FALSE(ReadText(m_Node, m_Text.substr(0, m_Text.rfind(key) + key.size()) + "x\n"));
+    EXPECT_EQ(m_Log.Text(), "");
+}
+
 TEST_P(Specular, EveryCutOfTheBytesFails)
 {
     const std::string bytes = Bytes(m_Bytes);
