@@ -26,6 +26,13 @@ bool XLattice::NodeDeath(u32 id)
     return XGeometry::NodeDeath(id);
 }
 
+bool XLattice::DoData(XFileIO& file)
+{
+    file.NoteId(m_FFDId);
+    file.NoteId(m_BaseLatticeId);
+    return XNodeClass::DoData(file);
+}
+
 XBodyTable XLattice::TextBody()
 {
     static constexpr XBodyRow rows[] = {

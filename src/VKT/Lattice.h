@@ -22,6 +22,8 @@ public:
 
     // False when the deformer or the base lattice dies: the three go together.
     bool NodeDeath(u32 id) override;
+    // Files hold neither the deformer nor the base lattice.
+    bool DoData(XFileIO& file) override;
 
     static XBodyTable TextBody();
     static XBodyTable BinaryBody() { return TextBody(); }

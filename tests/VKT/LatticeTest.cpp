@@ -16,6 +16,16 @@ class Lattice : public NodeTest {
 protected:
     // Writes the document and reads it back, so that its nodes get linked.
     void Reload() { ASSERT_EQ(LoadText(m_Model, SaveText(m_Model)), FileOk); }
+    // "ffd" deforms "grid" from "box", as a load leaves them.
+    void LinkTheThree()
+    {
+        m_FFD.SetBaseLattice(&m_Base);
+        m_FFD.SetDeformedLattice(&m_Lattice);
+        m_FFD.SetName("ffd");
+        m_Lattice.SetName("grid");
+        m_Base.SetName("box");
+        Reload();
+    }
     template <class Node>
     Node& Find(const char* name)
     {
@@ -231,12 +241,7 @@ TEST_F(Lattice, LinkWithoutABaseThatResolvesHasNone)
 
 TEST_F(Lattice, TheThreeGoTogether)
 {
-    m_FFD.SetBaseLattice(&m_Base);
-    m_FFD.SetDeformedLattice(&m_Lattice);
-    m_FFD.SetName("ffd");
-    m_Lattice.SetName("grid");
-    m_Base.SetName("box");
-    Reload();
+    LinkTheThree();
     XLattice& lattice = Find<XLattice>("grid");
     XFFD& ffd = Find<XFFD>("ffd");
     const u32 base = Find<XBaseLattice>("box").GetID();
@@ -253,6 +258,34 @@ TEST_F(Lattice, TheThreeGoTogether)
     m_Model.GetDeleteFlags().Set(DeleteDeformerInputs);
     ffd.PreDelete(ids);
     EXPECT_EQ(ids, (std::set<u32>{base, lattice.GetID()}));
+}
+
+// Without the flag the deformer asks for nobody: the others are told of the death.
+TEST_F(Lattice, DeathOfTheBaseTakesTheOthersAlongWithoutTheFlag)
+{
+    LinkTheThree();
+    m_Model.GetDeleteFlags().Clear(DeleteDeformerInputs);
+    EXPECT_EQ(m_Model.DeleteNodes({Find<XBaseLattice>("box").GetID()}), 3u);
+    EXPECT_EQ(m_Model.GetNodes().size(), 0u);
+}
+
+TEST_F(Lattice, DeathOfTheDeformerTakesTheLatticeAlongWithoutTheFlag)
+{
+    LinkTheThree();
+    m_Model.GetDeleteFlags().Clear(DeleteDeformerInputs);
+    EXPECT_EQ(m_Model.DeleteNodes({Find<XFFD>("ffd").GetID()}), 2u);
+    EXPECT_EQ(m_Model.FindNode("grid"), nullptr);
+    EXPECT_NE(m_Model.FindNode("box"), nullptr);
+}
+
+TEST_F(Lattice, DeathOfOneTakesAllAlongUnderTheFlag)
+{
+    LinkTheThree();
+    const std::string text = SaveText(m_Model);
+    for (const char* const name : {"box", "grid", "ffd"}) {
+        ASSERT_EQ(LoadText(m_Model, text), FileOk);
+        EXPECT_EQ(m_Model.DeleteNodes({m_Model.FindNode(name)->GetID()}), 3u) << name;
+    }
 }
 
 TEST_F(Lattice, NoneIsNoNodeThatDies)
