@@ -19,12 +19,17 @@ constexpr const char* kInterpolationWords[] = {"STEP",      "LINEAR",    "CATMUL
 constexpr const char* kInfinityWords[] = {"kInfinityConstant", "kInfinityLinear", "kInfinityOscillate",
                                           "kInfinityCycle", "kInfinityCycleWithOffset"};
 
-// The number of a word; 0 for one that is not in the list.
-u32 NumberOf(const XString& word, XWordList words)
+// Reads a key and the number of its word; 0 for one that is not in the list. An end of the
+// input is seen at the next key.
+bool ReadWord(std::string_view key, XTextReader& in, int line, XWordList words, u32& number)
 {
-    u32 number = 0;
+    XString word;
+    if (!Expect(key, in, kSource, line))
+        return false;
+    in.ReadToken(word);
+    number = 0;
     FindWord(word, words, number);
-    return number;
+    return true;
 }
 
 // Floats of a key; 0 for a number without meaning.
@@ -72,26 +77,22 @@ bool XAnimCurve::Evaluate(f32 time, f32& value) const
 
 bool XAnimCurve::ReadChunk(XTextReader& in)
 {
-    XString interpolation;
-    XString preInfinity;
-    XString postInfinity;
+    u32 interpolation = 0;
     u32 numKeys = 0;
     if (!Expect("ANIM_CURVE", in, kSource, 2) || !Expect("{", in, kSource, 3) ||
-        !Expect("interpolation", in, kSource, 4) || !in.ReadToken(interpolation) ||
+        !ReadWord("interpolation", in, 4, kInterpolationWords, interpolation) ||
         !Expect("num_keys", in, kSource, 5))
         return false;
     in.Read(numKeys);
-    if (!Expect("pre_infinity", in, kSource, 6) || !in.ReadToken(preInfinity) ||
-        !Expect("post_infinity", in, kSource, 7) || !in.ReadToken(postInfinity) ||
+    if (!ReadWord("pre_infinity", in, 6, kInfinityWords, m_PreInfinity) ||
+        !ReadWord("post_infinity", in, 7, kInfinityWords, m_PostInfinity) ||
         !Expect("component", in, kSource, 8))
         return false;
     in.Read(m_Component);
     if (!Expect("index", in, kSource, 9))
         return false;
     in.Read(m_Index);
-    SetInterpolation(NumberOf(interpolation, kInterpolationWords));
-    m_PreInfinity = NumberOf(preInfinity, kInfinityWords);
-    m_PostInfinity = NumberOf(postInfinity, kInfinityWords);
+    SetInterpolation(interpolation);
     in.ReadNumbers(m_Keys, u64{numKeys} * m_Stride);
     return Expect("}", in, kSource, 10);
 }

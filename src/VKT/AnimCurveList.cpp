@@ -12,9 +12,13 @@ namespace {
 
 constexpr const char* kSource = ".\\src\\VKT\\AnimCycle";
 
+// A number that fails to come is seen at the next key.
 bool ReadKeyed(std::string_view key, XTextReader& in, int line, f32& value)
 {
-    return Expect(key, in, kSource, line) && in.Read(value);
+    if (!Expect(key, in, kSource, line))
+        return false;
+    in.Read(value);
+    return true;
 }
 
 }  // namespace

@@ -169,8 +169,9 @@ void XAnimatedAttribute::FillWithCurrent(XSampledStream& stream) const
 bool XAnimatedAttribute::ReadChunk(XTextReader& in)
 {
     XString name;
-    if (!Expect("ATTR", in, kSource, 12) || !in.ReadToken(name))
+    if (!Expect("ATTR", in, kSource, 12))
         return false;
+    in.ReadToken(name);
     const XBase* const node = GetNode();
     if (!node)
         return false;

@@ -162,8 +162,7 @@ bool XBlendShape::ReadChunk(XTextReader& in)
             return false;
         u32 numPoints = 0;
         in.Read(numPoints);
-        if (!in.ReadNumbers(target.m_Points, numPoints))
-            return false;
+        in.ReadNumbers(target.m_Points, numPoints);
     }
     return in.IsGood();
 }

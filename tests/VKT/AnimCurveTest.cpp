@@ -182,6 +182,22 @@ TEST(AnimCurve, WrongKeysAreLogged)
     }
 }
 
+TEST(AnimCurve, EndOfTheInputIsLoggedAtTheNextKey)
+{
+    const std::string text =
+        "ANIM_CURVE { interpolation STEP num_keys 1 pre_infinity a post_infinity b component 0 index 1 2 3 }";
+    const std::pair<const char*, const char*> expected[] = {
+        {"interpolation", "num_keys"},  {"num_keys", "pre_infinity"}, {"pre_infinity", "post_infinity"},
+        {"post_infinity", "component"}, {"component", "index"},       {"index", "}"}};
+    for (const auto& [last, next] : expected) {
+        LogCatcher log;
+        XTextReader in{std::string_view(text).substr(0, text.find(last) + std::string(last).size())};
+        XAnimCurve curve;
+        EXPECT_FALSE(curve.ReadChunk(in)) << last;
+        EXPECT_EQ(log.Text().find("Error : Expected " + std::string(next) + " got  ["), 0u) << log.Text();
+    }
+}
+
 TEST(AnimCurve, CurvesWithoutAWordAreWrittenAsStepsThatReadBack)
 {
     XAnimCurve curve = CurveOf("CARDINAL", 2, "1 2 3  4 5 6");

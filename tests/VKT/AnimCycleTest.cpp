@@ -184,6 +184,29 @@ TEST_F(AnimCycle, EachWrongKeyIsLogged)
     EXPECT_EQ(m_Log.Text(), "Error : Expected } got  [.\\src\\VKT\\AnimCycle:8]\n");
 }
 
+// At the key behind them.
+TEST_F(AnimCycle, NumbersThatAreNoneAreLogged)
+{
+    const struct {
+        const char *what, *expected;
+    } cases[] = {
+        {"time 1 ", "Expected value got  [.\\src\\VKT\\AnimCycle:15]"},
+        {"value 2 ", "Expected in got  [.\\src\\VKT\\AnimCycle:16]"},
+        {"in 3 ", "Expected out got  [.\\src\\VKT\\AnimCycle:17]"},
+        {"out 4.5", "Expected } got  [.\\src\\VKT\\AnimCycle:8]"},
+        {"num_keys 1", "Expected } got  [.\\src\\VKT\\AnimCycle:8]"},
+        {"num_curves 1", "Expected } got  [.\\src\\VKT\\AnimCycle:8]"},
+        {"node 3", "Expected num_curves got  [.\\src\\VKT\\AnimCycle:10]"},
+        {"BONE_ANIM 7", "Expected } got  [.\\src\\VKT\\AnimCycle:8]"},
+    };
+    for (const auto& [what, expected] : cases) {
+        m_Log.Clear();
+        const std::string key(what, std::string(what).find(' '));
+        EXPECT_FALSE(ReadText(New(), Replaced(kBody, what, key + " x "))) << what;
+        EXPECT_EQ(m_Log.Text(), "Error : " + std::string(expected) + "\n") << what;
+    }
+}
+
 TEST_F(AnimCycle, EveryCutOfEitherFormFails)
 {
     const std::string text = kBody;

@@ -179,6 +179,13 @@ TEST_F(AnimationTake, EachWrongKeyIsLogged)
     }
 }
 
+TEST_F(AnimationTake, EndOfTheInputInPlaceOfAnAttributeIsLogged)
+{
+    const std::string text = kText;
+    EXPECT_FALSE(ReadText(m_Take, text.substr(0, text.find(" translate"))));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected { got  [.\\src\\VKT\\AnimationTake:8]\n");
+}
+
 TEST_F(AnimationTake, StreamWordsAreExact)
 {
     EXPECT_FALSE(ReadText(m_Take, Replaced(kText, "FCURVE_STREAM", "fcurve_stream")));

@@ -133,6 +133,21 @@ TEST_F(BlendShape, WrongKeysAreLogged)
     EXPECT_EQ(shape.GetWeight(1), 0.75f);
 }
 
+// At the key behind them, which the last point has none of.
+TEST_F(BlendShape, NumbersThatAreNoneAreLogged)
+{
+    const char* const message = "Error : Expected points got  [.\\src\\VKT\\BlendShape:2]\n";
+    for (const char* const what : {"3 0.25", "0.25", "2\n\t\t1", "1 2 3", "4 5 6", "7 0.75"}) {
+        m_Log.Clear();
+        XBlendShape& shape = New();
+        EXPECT_FALSE(ReadText(shape, Replaced(kText, what, "x"))) << what;
+        EXPECT_EQ(m_Log.Text(), message) << what;
+    }
+    m_Log.Clear();
+    EXPECT_FALSE(ReadText(New(), Replaced(kText, "8 9 10", "8 x 10")));
+    EXPECT_EQ(m_Log.Text(), "");
+}
+
 TEST_F(BlendShape, ClaimsThatCannotBeTrueFail)
 {
     EXPECT_FALSE(ReadText(New(), Replaced(kText, "num_shapes 2", "num_shapes 4294967295")));

@@ -100,6 +100,12 @@ TEST_F(FCurveStream, WrongKeyIsLogged)
     EXPECT_EQ(m_Log.Text(), "Error : Expected num_fcurves got number [.\\src\\VKT\\FCurveStream:1]\n");
 }
 
+TEST_F(FCurveStream, CountThatIsNoneIsLoggedAtTheBrace)
+{
+    EXPECT_EQ(ReadAttribute("translate", "FCURVE_STREAM { num_fcurves x }"), nullptr);
+    EXPECT_EQ(m_Log.Text(), "Error : Expected } got  [.\\src\\VKT\\AnimationTake:11]\n");
+}
+
 TEST_F(FCurveStream, EvaluateSeesNoKeys)
 {
     XFCurveStream& stream = *m_Entry.CreateAttribute(kTranslate)->CreateFCurveStream();

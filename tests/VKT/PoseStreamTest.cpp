@@ -100,6 +100,17 @@ TEST_F(PoseStream, FloatArrayHasALineForEachEntryAndOneFloatInBinary)
     EXPECT_EQ(ReadWeights("POSE_KEY { [0] 0.25 [1] 0.5 }"), nullptr) << "an entry is missing";
 }
 
+TEST_F(PoseStream, NumbersThatAreNoneAreLoggedAtTheBrace)
+{
+    const char* const message = "Error : Expected } got  [.\\src\\VKT\\AnimationTake:11]\n";
+    EXPECT_EQ(ReadAttribute("translate", "POSE_KEY { 1 x 3 }"), nullptr);
+    EXPECT_EQ(m_Log.Text(), message);
+    m_Log.Clear();
+    AddBlendShape(3);
+    EXPECT_EQ(ReadWeights("POSE_KEY { [0] 0.25 [1] x [2] 0.75 }"), nullptr);
+    EXPECT_EQ(m_Log.Text(), message);
+}
+
 // What a binary file held of an array can be saved as text and read again.
 TEST_F(PoseStream, FloatArrayFromABinaryFileReadsBackFromText)
 {
