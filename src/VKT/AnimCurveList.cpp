@@ -87,9 +87,12 @@ bool XAnimCurveList::ReadChunk(XTextReader& in)
         return false;
     u32 count = 0;
     in.Read(count);
-    for (u32 i = 0; i < count; ++i)
-        if (!m_Curves.emplace_back(std::make_unique<XCycleCurve>())->ReadChunk(in))
+    for (u32 i = 0; i < count; ++i) {
+        auto curve = std::make_unique<XCycleCurve>();
+        if (!curve->ReadChunk(in))
             return false;
+        m_Curves.push_back(std::move(curve));
+    }
     return Expect("}", in, kSource, 8);
 }
 
@@ -109,13 +112,15 @@ bool XAnimCurveList::DoData(XFileIO& file)
     u32 count = 0;
     if (!file.DoData(m_Name) || !file.DoId(m_NodeId) || !file.DoCount(count, m_Curves.size(), kLeastBytes))
         return false;
-    if (file.IsReading())
-        m_Curves.clear();
+    if (file.IsWriting())
+        return std::all_of(m_Curves.begin(), m_Curves.end(),
+                           [&](const auto& curve) { return curve->DoData(file); });
+    m_Curves.clear();
     for (u32 i = 0; i < count; ++i) {
-        if (file.IsReading())
-            m_Curves.push_back(std::make_unique<XCycleCurve>());
-        if (!m_Curves[i]->DoData(file))
+        auto curve = std::make_unique<XCycleCurve>();
+        if (!curve->DoData(file))
             return false;
+        m_Curves.push_back(std::move(curve));
     }
     return true;
 }

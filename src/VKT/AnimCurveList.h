@@ -55,7 +55,8 @@ public:
     // A new curve at the end.
     XCycleCurve* AddCurve(const XString& name, const XString& attrName);
 
-    // The block behind its key, and the binary form.
+    // The block behind its key, and the binary form. A curve whose read fails is not in the
+    // list.
     bool ReadChunk(XTextReader& in);
     void WriteChunk(XTextWriter& out) const;
     bool DoData(XFileIO& file);

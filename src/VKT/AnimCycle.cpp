@@ -120,13 +120,15 @@ bool XAnimCycle::DoCurveLists(XFileIO& file)
     u32 count = 0;
     if (!file.DoCount(count, m_CurveLists.size(), kLeastBytes))
         return false;
-    if (file.IsReading())
-        m_CurveLists.clear();
+    if (file.IsWriting())
+        return std::all_of(m_CurveLists.begin(), m_CurveLists.end(),
+                           [&](const auto& list) { return list->DoData(file); });
+    m_CurveLists.clear();
     for (u32 i = 0; i < count; ++i) {
-        if (file.IsReading())
-            m_CurveLists.push_back(std::make_unique<XAnimCurveList>(*GetModel()));
-        if (!m_CurveLists[i]->DoData(file))
+        auto list = std::make_unique<XAnimCurveList>(*GetModel());
+        if (!list->DoData(file))
             return false;
+        m_CurveLists.push_back(std::move(list));
     }
     return true;
 }
@@ -199,7 +201,8 @@ bool XAnimCycle::ReadBoneAnim(XTextReader& in)
     in.ReadToken(brace);
     auto anim = std::make_unique<XSampledBoneAnim>();
     anim->ReadFrames(in, m_NumFrames);
-    m_BoneAnims[boneId] = std::move(anim);
+    if (in.IsGood())
+        m_BoneAnims[boneId] = std::move(anim);
     return Expect("}", in, kSource, 8);
 }
 
@@ -214,10 +217,18 @@ bool XAnimCycle::ReadCurveLists(XTextReader& in)
             ++depth;
         else if (word == "}")
             --depth;
-        else if (word == "ANIM_CURVE_LIST" &&
-                 !m_CurveLists.emplace_back(std::make_unique<XAnimCurveList>(*GetModel()))->ReadChunk(in))
+        else if (word == "ANIM_CURVE_LIST" && !ReadCurveList(in))
             return false;
     }
+    return true;
+}
+
+bool XAnimCycle::ReadCurveList(XTextReader& in)
+{
+    auto list = std::make_unique<XAnimCurveList>(*GetModel());
+    if (!list->ReadChunk(in))
+        return false;
+    m_CurveLists.push_back(std::move(list));
     return true;
 }
 

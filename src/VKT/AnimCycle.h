@@ -43,6 +43,8 @@ public:
 
     // Drops the table of the bone, and the first list of curves of that node.
     bool NodeDeath(u32 id) override;
+    // A table or list whose read fails is not in the cycle; those ahead of it are. The same
+    // holds for text.
     bool DoData(XFileIO& file) override;
     void DoCopy(const XBase* source) override;
     // The whole chunk, header and braces included.
@@ -59,6 +61,7 @@ private:
     bool DoBoneAnims(XFileIO& file);
     bool ReadBoneAnim(XTextReader& in);
     bool ReadCurveLists(XTextReader& in);
+    bool ReadCurveList(XTextReader& in);
 
     f32 m_Start = 0.0f;
     f32 m_End = 0.0f;

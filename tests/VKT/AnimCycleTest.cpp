@@ -207,6 +207,46 @@ TEST_F(AnimCycle, NumbersThatAreNoneAreLogged)
     }
 }
 
+// The second of two lists fails, as does the second of two curves in a list of its own.
+TEST_F(AnimCycle, RecordsThatFailAreNotEntered)
+{
+    const std::string text = kBody;
+    const std::string list = text.substr(text.find("\tANIM_CURVE_LIST"));
+    const std::string broken = Replaced(list, "time 1", "time x");
+    XAnimCycle& lists = New();
+    EXPECT_FALSE(ReadText(lists, text.substr(0, text.size() - 2) + broken));
+    EXPECT_EQ(lists.GetCurveLists().size(), 1u);
+    EXPECT_EQ(lists.GetBoneAnims().size(), 2u);
+    XAnimCycle& bones = New();
+    EXPECT_FALSE(ReadText(bones, Replaced(text, "1 2 3 4\t", "1 x 3 4\t")));
+    EXPECT_EQ(bones.GetBoneAnims().size(), 1u) << "the table of bone 7";
+
+    const std::string curve =
+        list.substr(list.find("\t\tANIM_CURVE"), list.rfind("\t}") - list.find("\t\tANIM_CURVE"));
+    const std::string two = "lamp { node 3 num_curves 2 " + curve + Replaced(curve, "time 1", "time x") + "}";
+    XTextReader in{std::string_view(two)};
+    XAnimCurveList curves(m_Model);
+    EXPECT_FALSE(curves.ReadChunk(in));
+    EXPECT_EQ(curves.GetCurves().size(), 1u);
+}
+
+TEST_F(AnimCycle, RecordsThatComeShortAreNotEntered)
+{
+    ASSERT_TRUE(ReadText(m_Cycle, kBody));
+    m_Cycle.AddCurveList("second", 3)->AddCurve("glow", "intensity");
+    const std::string bytes = BodyOf(m_Cycle);
+    const std::size_t firstList = bytes.find("lamp");
+    const std::size_t secondList = bytes.find("second");
+    const std::size_t bones = bytes.find(Bytes("02 00 00 00 07 00 00 00"), secondList);
+    ASSERT_NE(bones, std::string::npos);
+    for (const auto& [length, expected] :
+         {std::pair{firstList + 20, 0u}, {secondList + 3, 1u}, {bones - 1, 1u}, {bones, 2u}}) {
+        XAnimCycle& cycle = New();
+        EXPECT_FALSE(ReadBody(cycle, bytes.substr(0, length))) << length;
+        EXPECT_EQ(cycle.GetCurveLists().size(), expected) << length;
+    }
+}
+
 TEST_F(AnimCycle, EveryCutOfEitherFormFails)
 {
     const std::string text = kBody;
