@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 
 #include "VKT/CurveEvaluator.h"
 #include "VKT/FileIO.h"
@@ -46,15 +47,30 @@ void XAnimCurve::SetInterpolation(u32 interpolation)
     m_Interpolation = interpolation;
     if (const u32 stride = StrideOf(interpolation))
         m_Stride = stride;
+    m_LatestTime.reset();  // other floats are times now
+}
+
+// The first key that is later than `time`; their number when there is none.
+u32 XAnimCurve::FindLater(f32 time)
+{
+    const u32 numKeys = GetNumKeys();
+    if (!m_LatestTime) {
+        m_LatestTime = -std::numeric_limits<f32>::infinity();
+        for (u32 key = 0; key < numKeys; ++key)
+            m_LatestTime = std::max(*m_LatestTime, GetKey(key, 0));
+    }
+    u32 key = *m_LatestTime > time ? 0 : numKeys;
+    while (key < numKeys && !(GetKey(key, 0) > time))
+        ++key;
+    return key;
 }
 
 u32 XAnimCurve::AddKey(f32 time, f32 value)
 {
     if (m_Stride == 0)
         return 0;
-    u32 key = GetNumKeys();
-    while (key > 0 && GetKey(key - 1, 0) > time)
-        --key;
+    const u32 key = FindLater(time);
+    m_LatestTime = std::max(*m_LatestTime, time);
     const std::size_t at = std::size_t{key} * m_Stride;
     m_Keys.insert(m_Keys.begin() + static_cast<std::ptrdiff_t>(at), m_Stride, 0.0f);
     m_Keys[at] = time;
@@ -132,11 +148,9 @@ bool XAnimCurve::DoData(XFileIO& file)
     file.DoData(m_PostInfinity);
     file.DoData(m_Component);
     file.DoData(m_Index);
-    if (!file.DoData(m_Keys))
-        return false;
     if (file.IsReading())
         SetInterpolation(m_Interpolation);
-    return true;
+    return file.DoData(m_Keys) != 0;
 }
 
 }  // namespace VKT

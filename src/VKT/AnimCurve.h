@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "VKT/Lists.h"
 
 namespace VKT {
@@ -69,8 +71,8 @@ public:
     {
         return key < GetNumKeys() && part < m_Stride ? m_Keys[std::size_t{key} * m_Stride + part] : 0.0f;
     }
-    // Adds a key behind those of its time and before and answers its number. Its other
-    // floats are 0.
+    // Adds a key in front of the first later one, or else at the end, and answers its number.
+    // Its other floats are 0.
     u32 AddKey(f32 time, f32 value);
 
     // Set floats 2 to 5 of a key of a two-dimensional Hermite curve. False for other
@@ -99,6 +101,7 @@ private:
     friend class XAnimCurveBound;  // tests raise m_KeyLimit
 
     bool SetTangent(u32 key, u32 part, f32 value);
+    u32 FindLater(f32 time);
 
     i32 m_Component = -1;
     i32 m_Index = -1;
@@ -108,6 +111,9 @@ private:
     u32 m_KeyLimit = 0;  // keys at or beyond it read as zeroes and cannot be set
     u32 m_Stride = 0;
     XFloatArray m_Keys;
+    // The latest time of all keys, once looked for: it tells that a key goes to the end, so
+    // that keys in ascending order need no search. Nothing says that those of a file ascend.
+    std::optional<f32> m_LatestTime;
 };
 
 }  // namespace VKT

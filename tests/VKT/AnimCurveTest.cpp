@@ -1,5 +1,7 @@
 #include "VKT/AnimCurve.h"
 
+#include <limits>
+
 #include "VKT/CurveText.h"
 #include "VKT/LogCatcher.h"
 #include "VKT/TestModel.h"
@@ -63,6 +65,33 @@ TEST(AnimCurve, AddKeyKeepsTheOrderOfTimes)
     XAnimCurve without;
     EXPECT_EQ(without.AddKey(1, 2), 0u);
     EXPECT_TRUE(without.GetKeys().empty()) << "a curve whose keys have no floats takes none";
+}
+
+// As a file may hold them: the key stands in front of the first later one.
+TEST(AnimCurve, AddKeyFindsTheFirstLaterKeyWhereTimesDoNotAscend)
+{
+    XAnimCurve curve = CurveOf("LINEAR", 3, "0 1  10 2  5 3");
+    EXPECT_EQ(curve.AddKey(7, 4), 1u);
+    EXPECT_EQ(curve.GetKeys(), (XFloatArray{0, 1, 7, 4, 10, 2, 5, 3}));
+    EXPECT_EQ(curve.AddKey(10, 5), 4u) << "none is later";
+    EXPECT_EQ(curve.AddKey(-1, 6), 0u);
+    const f32 nan = std::numeric_limits<f32>::quiet_NaN();
+    EXPECT_EQ(curve.AddKey(nan, 7), 6u) << "none is later than no number";
+    EXPECT_EQ(curve.AddKey(11, 8), 7u) << "nor is no number later than any";
+    EXPECT_EQ(curve.AddKey(9, 9), 3u);
+}
+
+TEST(AnimCurve, AddKeyFindsTimesInTheLayoutOfNow)
+{
+    XAnimCurve curve;
+    curve.SetInterpolation(kLinear);
+    curve.AddKey(1, 20);
+    curve.AddKey(2, 10);
+    curve.AddKey(3, 10);
+    curve.SetInterpolation(kCardinal);  // keys of 1 20 2 and 10 3 10
+    EXPECT_EQ(curve.AddKey(5, 6), 1u);
+    EXPECT_EQ(curve.GetKeys(), (XFloatArray{1, 20, 2, 5, 6, 0, 10, 3, 10}));
+    EXPECT_EQ(curve.AddKey(10, 7), 3u);
 }
 
 TEST(AnimCurve, TangentsAreRefusedAndStayZeroes)

@@ -5,6 +5,7 @@
 #include <regex>
 #include <vector>
 
+#include "VKT/AnimCurve.h"
 #include "VKT/AnimCycle.h"
 #include "VKT/Attribute.h"
 #include "VKT/Locator.h"
@@ -169,6 +170,23 @@ TEST_F(Growth, ExtraAttributesLoadAndSaveInLinearTime)
     locator->CreateExtraAttribute("weights")->Set(XFloatArray{1, 2, 3});
     locator->CreateExtraAttribute("links")->SetInput(0, locator->GetID(), "speed");
     ExpectLinear({PatternOf(*locator)}, 1, 4'000);
+}
+
+TEST_F(Growth, KeysAreAppendedInLinearTime)
+{
+    const auto append = [](u32 numCurves, u32 numKeys) {
+        return BestOfThree([=] {
+            for (u32 i = 0; i < numCurves; ++i) {
+                XAnimCurve curve;
+                curve.SetInterpolation(kLinear);
+                for (u32 key = 0; key < numKeys; ++key)
+                    curve.AddKey(static_cast<f32>(key), 1);
+                EXPECT_EQ(curve.GetNumKeys(), numKeys);
+            }
+        });
+    };
+    const double ten = append(10, 20'000);
+    EXPECT_LT(append(1, 200'000), 5 * ten);
 }
 
 TEST_F(Growth, RenamesTakeNoWalkOverTheDocument)
