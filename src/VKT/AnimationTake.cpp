@@ -110,7 +110,10 @@ bool XAnimationTake::DoData(XFileIO& file)
 {
     if (!XBase::DoData(file))
         return false;
-    DoOwnBinaryBody(file);
+    // Number by number: one that comes short does not end the body.
+    const XBodyTable body = BinaryBody();
+    for (const XBodyRow& row : body.rows)
+        DoBinaryBody(*this, {body.source, {&row, 1}}, file);
     u32 count = GetNumAnimatedNodes();
     u32 numEventTracks = 0;
     file.DoData(count);

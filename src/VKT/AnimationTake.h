@@ -43,8 +43,9 @@ public:
 
     // Drops the first entry of the node. Always true.
     bool NodeDeath(u32 id) override;
-    // Numbers that come short are logged and keep their defaults; the read ends there and
-    // keeps what came. A stream that comes short fails it.
+    // Each number that comes short is logged, and the read goes on; behind the end of the
+    // file it looks for no more nodes, attributes or streams. A stream that comes short
+    // fails it.
     bool DoData(XFileIO& file) override;
     // Animated nodes that the document does not hold are left out, with a warning.
     bool WriteChunk(XTextWriter& out) const override;

@@ -399,6 +399,32 @@ TEST_F(AnimationTake, ShortBodiesKeepWhatCame)
     }
 }
 
+TEST_F(AnimationTake, EachShortNumberIsLogged)
+{
+    const std::string bytes = Bytes(kBytes);
+    constexpr const char* kShort = "Error : XFileIO::DoData : expected to read/write 1 elements got 0\n";
+    const struct {
+        std::size_t length;
+        int messages;
+    } cases[] = {
+        {11, 6},           // four times, two counts
+        {13, 6},           // within the first time
+        {15, 5}, {27, 2},  // behind the times
+        {31, 1},           // behind the first count
+        {35, 3},           // an entry: id and two counts
+        {43, 1}, {47, 3},  // an attribute: number, elements and count
+        {55, 1},
+    };
+    for (const auto& [length, messages] : cases) {
+        m_Log.Clear();
+        EXPECT_TRUE(ReadBody(*m_Model.CreateNode<XAnimationTake>(), bytes.substr(0, length))) << length;
+        std::string expected;
+        for (int i = 0; i < messages; ++i)
+            expected += kShort;
+        EXPECT_EQ(m_Log.Text(), expected) << length;
+    }
+}
+
 TEST_F(AnimationTake, ImpossibleCountsEndWithTheFile)
 {
     const std::string bytes = Bytes(kBytes);
