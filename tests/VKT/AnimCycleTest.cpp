@@ -152,6 +152,18 @@ TEST_F(AnimCycle, UnknownBlocksArePassedOver)
     EXPECT_EQ(TextOf(m_Cycle), kChunk);
 }
 
+TEST_F(AnimCycle, WordOfAListIsExactAndTheBraceOfATableAnyWord)
+{
+    ASSERT_TRUE(ReadText(m_Cycle, Replaced(kBody, "ANIM_CURVE_LIST", "anim_curve_list")));
+    EXPECT_TRUE(m_Cycle.GetCurveLists().empty()) << "passed over whole";
+    EXPECT_EQ(m_Cycle.GetBoneAnims().size(), 2u);
+    XAnimCycle& cycle = New();
+    cycle.SetName("walk");
+    EXPECT_TRUE(ReadText(cycle, Replaced(kBody, "BONE_ANIM 7\n\t{", "BONE_ANIM 7\n\tany")));
+    EXPECT_EQ(TextOf(cycle), kChunk);
+    EXPECT_EQ(m_Log.Text(), "");
+}
+
 TEST_F(AnimCycle, QuotesVanishFromCurvesAndNames)
 {
     m_Cycle.SetName("w\"a/l\\k");

@@ -2,6 +2,8 @@
 
 #include "VKT/AnimationScene.h"
 #include "VKT/Attribute.h"
+#include "VKT/Emitter.h"
+#include "VKT/JiggleDeformer.h"
 #include "VKT/Lambert.h"
 #include "VKT/PolygonMesh.h"
 
@@ -282,6 +284,20 @@ TEST_F(AnimationTake, CreateAttributeAsksTheVocabulary)
     EXPECT_EQ(m_Take.CreateNodeAnimation(elsewhere.FindNode(20))->CreateAttribute(kTranslate), nullptr);
 }
 
+// Signed integers and nodes are animatable to the vocabulary, and no stream holds them.
+TEST_F(AnimationTake, CreateAttributeRefusesTypesWithoutAKind)
+{
+    XEmitter& emitter = *m_Model.CreateNode<XEmitter>();
+    XAnimatedNode& entry = *m_Take.CreateNodeAnimation(&emitter);
+    for (const u32 number : {62u, 63u, 64u, 65u}) {
+        EXPECT_TRUE(emitter.IsPropertyAnimated(number)) << number;
+        EXPECT_EQ(entry.CreateAttribute(number), nullptr) << number;
+    }
+    EXPECT_EQ(entry.GetNumAttributes(), 0u);
+    ASSERT_NE(entry.CreateAttribute(57), nullptr);
+    EXPECT_EQ(entry.GetAttribute(0)->GetKind(), kScalar);
+}
+
 TEST_F(AnimationTake, CreateAttributeTwiceGivesTwo)
 {
     XAnimatedAttribute* const first = m_Entry.CreateAttribute(kTranslate);
@@ -296,13 +312,16 @@ TEST_F(AnimationTake, KindsFromTextDifferForArrays)
 {
     m_Model.CreateNode<XPolygonMesh>();
     m_Model.CreateNode<XBlendShape>();
+    m_Model.CreateNode<XLambert>();
+    m_Model.CreateNode<XJiggleDeformer>();
     const struct {
         int node;
         const char* name;
         u32 kind;
-    } expected[] = {{1, "visible", 0}, {1, "translate", 2},    {1, "rotation", 4},
-                    {1, "world", 5},   {1, "rotate_order", 0}, {1, "no_such_name", 0},
-                    {3, "points", 7},  {4, "weights", 6},      {4, "envelope_weight", 0}};
+    } expected[] = {{1, "visible", 0}, {1, "translate", 2},     {1, "rotation", 4},
+                    {1, "world", 5},   {1, "rotate_order", 0},  {1, "no_such_name", 0},
+                    {3, "points", 7},  {4, "weights", 6},       {4, "envelope_weight", 0},
+                    {5, "diffuse", 3}, {6, "point_indices", 0}, {6, "ignore_transform", 0}};
     for (const auto& [node, name, kind] : expected) {
         const std::string text =
             Replaced(TakeText(name, "", 0, 1), "ANIM_NODE 1", "ANIM_NODE " + std::to_string(node));

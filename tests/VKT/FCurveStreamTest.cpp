@@ -1,7 +1,10 @@
 #include "VKT/FCurveStream.h"
 
+#include <gmock/gmock.h>
+
 #include "VKT/AnimationScene.h"
 #include "VKT/CurveText.h"
+#include "VKT/Lambert.h"
 
 using namespace VKT;
 using namespace VKT::Test;
@@ -94,6 +97,25 @@ TEST_F(FCurveStream, BinaryHoldsInterpolationsThatTextHasNoWordFor)
     EXPECT_EQ(read.GetKeys(), (XFloatArray{1, 2, 0, 0, 0}));
 }
 
+// The count of the keys does not come, whichever number the file ends in.
+TEST_F(FCurveStream, EachShortNumberOfACurveIsLogged)
+{
+    XAnimCurve& curve = *m_Entry.CreateAttribute(kTranslate)->CreateFCurveStream()->GetCurve(2, 3);
+    curve.SetInterpolation(kLinear);
+    curve.AddKey(1, 2);
+    const std::string bytes = BodyOf(m_Take);
+    const std::size_t start = bytes.size() - 24 - 8;
+    for (std::size_t number = 0; number <= 5; ++number) {
+        m_Log.Clear();
+        XAnimationTake& take = *m_Model.CreateNode<XAnimationTake>();
+        EXPECT_FALSE(ReadBody(take, bytes.substr(0, start + 4 * number + 2)));
+        std::string expected;
+        for (std::size_t i = number; i <= 5; ++i)
+            expected += "Error : XFileIO::DoData : expected to read/write 1 elements got 0\n";
+        EXPECT_EQ(m_Log.Text(), expected) << number;
+    }
+}
+
 TEST_F(FCurveStream, WrongKeyIsLogged)
 {
     EXPECT_EQ(ReadAttribute("translate", "FCURVE_STREAM { number 1"), nullptr);
@@ -130,6 +152,33 @@ TEST_F(FCurveStream, ElementsHaveTheirOwnCurves)
     EXPECT_EQ(out[0], 2);
     EXPECT_EQ(out[1], 42);
     EXPECT_EQ(out[2], 6);
+}
+
+TEST_F(FCurveStream, ColoursHaveFourCurvesAndTwoFloatsHaveTwo)
+{
+    XLambert& lambert = *m_Model.CreateNode<XLambert>();
+    XFCurveStream& colour = *m_Take.CreateNodeAnimation(&lambert)->CreateAttribute(2)->CreateFCurveStream();
+    const auto draw = [](XFCurveStream& stream) {
+        for (const i32 component : {0, 1, 3, 4}) {
+            const f32 from = 10.0f * static_cast<f32>(component);
+            Draw(stream, component, -1, from + 1, from + 3);
+        }
+    };
+    draw(colour);
+    f32 out[5] = {0, 0, 42, 0, 42};
+    EXPECT_TRUE(colour.Evaluate(0.5f, out));
+    EXPECT_THAT(out, testing::ElementsAre(2, 12, 42, 32, 42));
+    // No attribute is of two floats; a binary file may say so.
+    const std::string bytes = Replaced(BodyOf(m_Take), Bytes("02 00 00 00 03 00 00 00 04 00 00 00"),
+                                       Bytes("02 00 00 00 01 00 00 00 00 00 00 00"));
+    XAnimationTake& take = *m_Model.CreateNode<XAnimationTake>();
+    ASSERT_TRUE(ReadBody(take, bytes));
+    XFCurveStream& two = *take.GetAnimatedNode(1)->GetAttribute(0)->GetFCurveStream();
+    EXPECT_EQ(two.GetKind(), kVector2);
+    draw(two);
+    std::fill_n(out, 5, 0.0f);
+    EXPECT_TRUE(two.Evaluate(0.5f, out));
+    EXPECT_THAT(out, testing::ElementsAre(2, 12, 0, 0, 0));
 }
 
 TEST_F(FCurveStream, ScalarsHaveTheCurveOfNoElement)

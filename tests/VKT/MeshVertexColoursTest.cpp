@@ -200,8 +200,13 @@ TEST_F(MeshVertexColours, LoadLinksThemToTheirMeshWhereverItStands)
     const std::string colours = "MESH_VTX_COLOURS c\n{\n\tid 3\n\tmesh_id 2\n\tnum_colour_sets 0\n}\n";
     for (const std::string& text : {mesh + colours, colours + mesh}) {
         ASSERT_EQ(LoadText(m_Model, "|VKT_004A#0000#00000000|\n" + text), FileOk);
-        XBase* found = XCast<XMesh>(m_Model.FindNode(2))->GetVertexColours();
-        EXPECT_EQ(found, m_Model.FindNode(3));
+        XModel fromBytes;
+        ASSERT_EQ(LoadBytes(fromBytes, SaveBinaryBytes(m_Model)), FileOk);
+        for (const XModel* model : {&m_Model, &fromBytes}) {
+            XBase* found = XCast<XMesh>(model->FindNode(2))->GetVertexColours();
+            EXPECT_NE(found, nullptr);
+            EXPECT_EQ(found, model->FindNode(3));
+        }
     }
 }
 

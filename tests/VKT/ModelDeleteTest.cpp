@@ -2,13 +2,16 @@
 
 #include "VKT/Attribute.h"
 #include "VKT/Bone.h"
+#include "VKT/Cluster.h"
 #include "VKT/Joint.h"
+#include "VKT/JointCluster.h"
 #include "VKT/Lambert.h"
 #include "VKT/NodeTest.h"
 #include "VKT/NonLinearWave.h"
 #include "VKT/PolygonMesh.h"
 #include "VKT/SpotLight.h"
 #include "VKT/Texture.h"
+#include "VKT/WrapDeformer.h"
 
 using namespace VKT;
 using namespace VKT::Test;
@@ -196,6 +199,43 @@ TEST_F(ModelDelete, ADeformerGoesWithTheLastGeometryThatItAffects)
     EXPECT_EQ(Names(), "two wave");
     EXPECT_EQ(m_Model.DeleteNodes({two->GetID()}), 2u);
     EXPECT_EQ(Names(), "");
+}
+
+TEST_F(ModelDelete, ADeformerForgetsWhatDrivesIt)
+{
+    OnlyFlags(0);
+    XPolygonMesh* mesh = Make<XPolygonMesh>("mesh");
+    XPolygonMesh* driver = Make<XPolygonMesh>("driver");
+    XBone* handle = Make<XBone>("handle");
+    XNonLinearWave* wave = Make<XNonLinearWave>("wave");
+    XWrapDeformer* wrap = Make<XWrapDeformer>("wrap");
+    wave->AddAffected(mesh);
+    wave->SetHandle(handle);
+    wrap->AddAffected(mesh);
+    wrap->SetDriverGeometry(driver);
+    EXPECT_EQ(m_Model.DeleteNodes({handle->GetID(), driver->GetID()}), 2u);
+    EXPECT_EQ(Names(), "mesh wave wrap");
+    EXPECT_NE(TextOf(*wave).find("\thandle 0\n"), std::string::npos);
+    EXPECT_NE(TextOf(*wrap).find("\tdriver_geometry 0\n"), std::string::npos);
+}
+
+// A joint cluster stays, with the id.
+TEST_F(ModelDelete, AClusterGoesWithItsBone)
+{
+    OnlyFlags(0);
+    XPolygonMesh* mesh = Make<XPolygonMesh>("mesh");
+    XBone* bone = Make<XBone>("bone");
+    XCluster* cluster = Make<XCluster>("cluster");
+    XJointCluster* jointCluster = Make<XJointCluster>("joint_cluster");
+    for (XPointCluster* each :
+         {static_cast<XPointCluster*>(cluster), static_cast<XPointCluster*>(jointCluster)}) {
+        each->AddAffected(mesh);
+        each->SetBone(bone);
+    }
+    const std::string text = TextOf(*jointCluster);
+    EXPECT_EQ(m_Model.DeleteNodes({bone->GetID()}), 2u);
+    EXPECT_EQ(Names(), "joint_cluster mesh");
+    EXPECT_EQ(TextOf(*jointCluster), text);
 }
 
 // A deformer that was just made affects nothing yet.

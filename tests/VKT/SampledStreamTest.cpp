@@ -39,6 +39,14 @@ TEST_F(SampledStream, ColoursAndArraysToo)
     EXPECT_EQ(weights.CreateSampledStream()->GetSamples(), (XFloatArray{0, 0, 0})) << "arrays stay zeroes";
 }
 
+TEST_F(SampledStream, MatricesStayZeroes)
+{
+    XAnimatedAttribute* attribute =
+        ReadAttribute("world", "POSE_KEY { 1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1 }", 16);
+    ASSERT_NE(attribute, nullptr);
+    EXPECT_EQ(attribute->CreateSampledStream()->GetSamples(), XFloatArray(48, 0.0f));
+}
+
 TEST_F(SampledStream, IsMadeOnce)
 {
     XAnimatedAttribute& attribute = *m_Entry.CreateAttribute(kTranslate);
@@ -265,6 +273,10 @@ TEST(Slerp, KeepsItsOddities)
     EXPECT_EQ(XSlerp(a, a, 0.25f), a);
     const XQuaternion long_{0, 0, 0, 2};  // a product above 1 counts as 0.999999
     EXPECT_NEAR(XSlerp(a, long_, 0.5f).w, 1.5, 1e-3);
+    // One below -1 counts as -0.999999, whose sine is far from exact in single precision.
+    const double most = std::acos(-0.999999);
+    const double expected = 3 * std::sin(most / 2) / std::sin(most);
+    EXPECT_NEAR(XSlerp(a, {0, 0, 0, -2}, 0.5f).w, expected, expected / 50);
     // A product below 0 negates the second; the angle is that to the second as it was.
     const XQuaternion b{0.6f, 0, 0, -0.8f};
     const double angle = std::acos(-0.8);
