@@ -110,7 +110,7 @@ std::vector<BodyRow> DescribeBinary(const VKT::XBodyTable& table, const std::vec
     return rows;
 }
 
-PropertyRow Describe(const VKT::XPropertyRow& row)
+PropertyRow Describe(const VKT::XPropertyInfo& row)
 {
     return {row.id,
             row.name,
@@ -126,7 +126,7 @@ std::vector<PropertyRow> DescribeProperties(const VKT::XClassTables& tables, boo
 {
     std::vector<PropertyRow> rows;
     if (isRoot || infos.at(tables.base)->GetTables().properties != tables.properties)
-        for (const VKT::XPropertyRow& row : tables.properties->GetRows())
+        for (const VKT::XPropertyInfo& row : tables.properties->GetRows())
             rows.push_back(Describe(row));
     return rows;
 }

@@ -14,7 +14,7 @@ XBodyTable XAimConstraint::TextBody()
 
 XPropertyTable XAimConstraint::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XAimConstraint::m_Offset>(59, "offset", kAnimatable),
         Field<&XAimConstraint::m_AimVector>(60, "aim_vector"),
         Field<&XAimConstraint::m_UpVector>(61, "up_vector"),

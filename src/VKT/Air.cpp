@@ -18,7 +18,7 @@ XBodyTable XAir::TextBody()
 
 XPropertyTable XAir::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XAir::m_Speed>(67, "speed", kAnimatable),
         Field<&XAir::m_Spread>(68, "spread", kAnimatable),
         Field<&XAir::m_Direction>(69, "direction", kAnimatable),

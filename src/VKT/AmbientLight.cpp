@@ -16,7 +16,7 @@ XBodyTable XAmbientLight::TextBody()
 // `cast_soft_shadows`.
 XPropertyTable XAmbientLight::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XAmbientLight::m_AmbientShade>(7, "ambient_shade", kAnimatable),
         Field<&XAmbientLight::m_ShadowRadius>(8, "shadow_radius", kAnimatable),
         Field<&XAmbientLight::m_CastSoftShadows>(9, "casts_soft_shadows"),

@@ -37,7 +37,7 @@ XPropertyTable XAnimCycle::Properties()
         As<XAnimCycle>(node).m_NumFrames = static_cast<u32>(value);
         return true;
     };
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XAnimCycle::m_Start>(1, "start_frame"),
         Field<&XAnimCycle::m_End>(2, "end_frame"),
         Field<&XAnimCycle::m_FramesPerSecond>(3, "frames_per_second"),

@@ -19,7 +19,7 @@ XBodyTable XAnisotropic::TextBody()
 
 XPropertyTable XAnisotropic::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XAnisotropic::m_TangentU>(10, "tangentu", kAnimatable),
         Field<&XAnisotropic::m_TangentV>(11, "tangentv", kAnimatable),
         Field<&XAnisotropic::m_CorrelationX>(12, "correlation_x", kAnimatable),

@@ -41,7 +41,7 @@ XBodyTable XBaseLattice::BinaryBody()
 
 XPropertyTable XBaseLattice::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XBaseLattice::m_XSize>(1, "x_size"),
         Field<&XBaseLattice::m_YSize>(2, "y_size"),
         Field<&XBaseLattice::m_ZSize>(3, "z_size"),

@@ -201,7 +201,7 @@ XPropertyTable XBlendShape::Properties()
     static constexpr auto setBase = [](XBase& node, XBase* const& value) {
         return As<XBlendShape>(node).SetBase(value);
     };
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Computed<XFloatArray>(3, "weights", kAnimatable, getWeights, setWeights),
         ReportedAs(kPropertyFloatArray, Computed<XNodeList>(4, "targets", kList, getTargets, setTargets)),
         ReportedAs(kPropertyFloatArray, Computed<XBase*>(5, "base_shape", 0, getBase, setBase)),

@@ -30,7 +30,7 @@ XBodyTable XBlinn::TextBody()
 
 XPropertyTable XBlinn::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XBlinn::m_Eccentricity>(10, "eccentricity", kAnimatable),
         Field<&XBlinn::m_SpecularRollOff>(11, "specular_roll_off", kAnimatable),
     };

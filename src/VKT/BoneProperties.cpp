@@ -74,7 +74,7 @@ XPropertyTable XBone::Properties()
             });
     };
     // clang-format off
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XBone::m_Rotation>(1, "rotation", kAnimatable),
         Field<&XBone::m_Scale>(2, "scale", kAnimatable),
         Field<&XBone::m_Translate>(3, "translate", kAnimatable),

@@ -37,7 +37,7 @@ XPropertyTable XBumpMap::Properties()
         As<XBumpMap>(node).SetTextureId(static_cast<u32>(value));
         return true;
     };
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XBumpMap::m_BumpDepth>(1, "bump_depth", kAnimatable),
         Computed<f32>(2, "placement", 0, getPlacement, setPlacement),
     };

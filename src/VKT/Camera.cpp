@@ -16,7 +16,7 @@ XBodyTable XCamera::TextBody()
 
 XPropertyTable XCamera::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XCamera::m_Aspect>(1, "aspect", kAnimatable),
         Field<&XCamera::m_NearDistance>(2, "near", kAnimatable),
         Field<&XCamera::m_FarDistance>(3, "far", kAnimatable),

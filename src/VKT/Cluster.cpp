@@ -25,7 +25,7 @@ bool XCluster::ReadChunk(XTextReader& in)
 
 XPropertyTable XCluster::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XCluster::m_Weights>(3, "weights", kList),
         AsInteger<&XCluster::m_Points>(4, "indices", kList),
         NodeField<&XCluster::m_JointId, kFnBone>(5, "influence"),

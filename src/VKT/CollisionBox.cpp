@@ -14,7 +14,7 @@ XBodyTable XCollisionBox::TextBody()
 
 XPropertyTable XCollisionBox::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XCollisionBox::m_XSize>(3, "x_size"),
         Field<&XCollisionBox::m_YSize>(4, "y_size"),
         Field<&XCollisionBox::m_ZSize>(5, "z_size"),

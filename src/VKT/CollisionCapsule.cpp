@@ -15,7 +15,7 @@ XBodyTable XCollisionCapsule::TextBody()
 
 XPropertyTable XCollisionCapsule::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XCollisionCapsule::m_Length>(3, "length"),
         Field<&XCollisionCapsule::m_Radius>(4, "radius"),
     };

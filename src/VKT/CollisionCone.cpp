@@ -13,7 +13,7 @@ XBodyTable XCollisionCone::TextBody()
 
 XPropertyTable XCollisionCone::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XCollisionCone::m_Angle>(3, "angle"),
         Field<&XCollisionCone::m_Cap>(4, "cap"),
     };

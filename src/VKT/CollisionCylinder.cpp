@@ -15,7 +15,7 @@ XBodyTable XCollisionCylinder::TextBody()
 
 XPropertyTable XCollisionCylinder::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XCollisionCylinder::m_Length>(3, "length"),
         Field<&XCollisionCylinder::m_Radius>(4, "radius"),
     };

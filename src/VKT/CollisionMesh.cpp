@@ -67,7 +67,7 @@ bool XCollisionMesh::ReadChunk(XTextReader& in)
 
 XPropertyTable XCollisionMesh::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XCollisionMesh::m_Points>(3, "points", kList),
         AsInteger<&XCollisionMesh::m_Indices>(4, "indices", kList),
     };

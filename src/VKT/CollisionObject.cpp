@@ -13,7 +13,7 @@ XBodyTable XCollisionObject::TextBody()
 
 XPropertyTable XCollisionObject::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XCollisionObject::m_GravityScale>(1, "gravity_scale"),
         Field<&XCollisionObject::m_Mass>(2, "mass"),
     };

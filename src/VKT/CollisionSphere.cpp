@@ -12,7 +12,7 @@ XBodyTable XCollisionSphere::TextBody()
 
 XPropertyTable XCollisionSphere::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XCollisionSphere::m_Radius>(3, "radius"),
     };
     return rows;

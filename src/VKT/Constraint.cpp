@@ -178,7 +178,7 @@ XPropertyTable XConstraint::Properties()
         As<XConstraint>(node).SetConstrained(value);
         return true;
     };
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Computed<XFloatArray>(56, "weights", kAnimatable, getWeights, setWeights),
         Computed<XNodeList>(57, "targets", kList, getTargets, setTargets, kFnBone),
         Computed<XBase*>(58, "constrained", 0, getConstrained, setConstrained, kFnBone),

@@ -44,7 +44,7 @@ XBodyTable XCubeMap::BinaryBody()
 
 XPropertyTable XCubeMap::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XCubeMap::m_Dynamic>(2, "dynamic"),
         ImageNode<kLeft>(3, "left"),
         ImageNode<kRight>(4, "right"),

@@ -52,7 +52,7 @@ XBodyTable XDeformer::TextBody()
 // `affected` is one node to the vocabulary, the first; setting it replaces the list.
 XPropertyTable XDeformer::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Computed<XBase*>(
             1, "affected", 0,
             [](const XBase& node, XBase*& value) {

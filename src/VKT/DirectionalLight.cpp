@@ -12,7 +12,7 @@ XBodyTable XDirectionalLight::TextBody()
 
 XPropertyTable XDirectionalLight::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XDirectionalLight::m_ShadowAngle>(14, "shadow_angle", kAnimatable),
     };
     return rows;

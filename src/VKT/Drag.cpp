@@ -13,7 +13,7 @@ XBodyTable XDrag::TextBody()
 
 XPropertyTable XDrag::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XDrag::m_Direction>(67, "direction", kAnimatable),
         Field<&XDrag::m_UseDirection>(68, "use_direction", kAnimatable),
     };

@@ -176,7 +176,7 @@ XBodyTable XEmitter::BinaryBody()
 
 XPropertyTable XEmitter::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XEmitter::m_Rate>(56, "rate"),
         Field<&XEmitter::m_MaxDistance>(57, "max_distance", kAnimatable),
         Field<&XEmitter::m_MinDistance>(58, "min_distance", kAnimatable),

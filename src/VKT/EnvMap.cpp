@@ -17,7 +17,7 @@ XBodyTable XEnvMap::BinaryBody()
 
 XPropertyTable XEnvMap::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         NodeField<&XEnvMap::m_Placement, kFnTexPlacement3D>(1, "placement"),
     };
     return rows;

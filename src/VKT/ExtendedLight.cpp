@@ -22,7 +22,7 @@ XBodyTable XExtendedLight::TextBody()
 // `cast_soft_shadows`.
 XPropertyTable XExtendedLight::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XExtendedLight::m_ShadowRadius>(7, "shadow_radius", kAnimatable),
         Field<&XExtendedLight::m_DecayRate>(8, "decay_rate", kAnimatable),
         Field<&XExtendedLight::m_DepthMapFilterSize>(9, "depth_map_filter_size", kAnimatable),

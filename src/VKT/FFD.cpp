@@ -66,7 +66,7 @@ XBodyTable XFFD::TextBody()
 
 XPropertyTable XFFD::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         NodeField<&XFFD::m_BaseLattice, kFnBaseLattice>(3, "base_lattice"),
         NodeField<&XFFD::m_DeformedLattice, kFnLattice>(4, "deform_lattice"),
     };

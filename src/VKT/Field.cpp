@@ -82,7 +82,7 @@ XPropertyTable XField::Properties()
     static constexpr auto setShapes = [](XBase& node, const XNodeList& value) {
         return As<XField>(node).SetShapes(value);
     };
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XField::m_Magnitude>(56, "magnitude", kAnimatable),
         Field<&XField::m_Attenuation>(57, "attenuation", kAnimatable),
         Field<&XField::m_MaxDistance>(58, "max_distance", kAnimatable),

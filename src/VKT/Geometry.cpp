@@ -134,7 +134,7 @@ bool XGeometry::ReadChunk(XTextReader& in)
 
 XPropertyTable XGeometry::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XGeometry::m_Points>(1, "points", kAnimatable | kList),
         Computed<XNodeList>(
             2, "deformer_queue", kList,

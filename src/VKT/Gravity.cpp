@@ -12,7 +12,7 @@ XBodyTable XGravity::TextBody()
 
 XPropertyTable XGravity::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XGravity::m_Direction>(67, "direction", kAnimatable),
     };
     return rows;

@@ -81,7 +81,7 @@ XPropertyTable XIkChain::Properties()
         As<XIkChain>(node).m_Priority = static_cast<i32>(value);
         return true;
     };
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         NodeListField<&XIkChain::m_Chain, kFnBone>(1, "chain", kList),
         NodeField<&XIkChain::m_Handle, kFnBone>(2, "handle"),
         Computed<u32>(3, "priority", 0, getPriority, setPriority),

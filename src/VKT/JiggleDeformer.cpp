@@ -55,7 +55,7 @@ bool XJiggleDeformer::ReadPointIndices(XBase& node, XTextReader& in)
 // `enable` is a switch to the vocabulary.
 XPropertyTable XJiggleDeformer::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XJiggleDeformer::m_MotionMultiplier>(3, "motion_multiplier", kAnimatable),
         Field<&XJiggleDeformer::m_ForceAlongNormal>(4, "force_along_normal", kAnimatable),
         Field<&XJiggleDeformer::m_ForceOnTangent>(5, "force_on_tangent", kAnimatable),

@@ -14,7 +14,7 @@ XBodyTable XJoint::TextBody()
 
 XPropertyTable XJoint::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XJoint::m_SegmentScaleCompensate>(56, "segment_scale_compensate"),
     };
     return rows;

@@ -11,12 +11,12 @@ bool XJointCluster::ReadChunk(XTextReader& in)
 XPropertyTable XJointCluster::Properties()
 {
     // Only what is reported as a node says what it must answer to.
-    static constexpr XPropertyRow joint = [] {
-        XPropertyRow row = NodeField<&XJointCluster::m_JointId, kFnBone>(5, "influence_joint");
+    static constexpr XPropertyInfo joint = [] {
+        XPropertyInfo row = NodeField<&XJointCluster::m_JointId, kFnBone>(5, "influence_joint");
         row.nodeType = 0;
         return ReportedAs(kPropertyFloatArray, row);
     }();
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XJointCluster::m_Weights>(3, "weights"),
         ReportedAs(kPropertyFloatArray, AsInteger<&XJointCluster::m_Points>(4, "indices")),
         joint,

@@ -80,7 +80,7 @@ XBodyTable XLambert::OldBinaryBody()
 // and `incandescence`.
 XPropertyTable XLambert::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         InputColour<&XLambert::m_AmbientColour>(3, "ambient", kAnimatable),
         InputColour<&XLambert::m_Incandescence>(4, "emission", kAnimatable),
         InputColour<&XLambert::m_Transparency>(5, "transparency", kAnimatable),

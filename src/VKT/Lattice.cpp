@@ -46,7 +46,7 @@ XBodyTable XLattice::TextBody()
 // Kept on purpose: `ffd` and `base_lattice` have the numbers of two divisions.
 XPropertyTable XLattice::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         AsInteger<&XLattice::m_DivisionsS>(4, "divisions_s"),
         AsInteger<&XLattice::m_DivisionsT>(5, "divisions_t"),
         AsInteger<&XLattice::m_DivisionsU>(6, "divisions_u"),

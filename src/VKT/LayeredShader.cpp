@@ -14,7 +14,7 @@ constexpr u64 kLeastLayerBytes = 3 * 22;  // inputs without names
 // The materials that feed a channel, one per layer, null where there is none. A list of
 // another length than the layers have, or with a node that is no material, is refused.
 template <XLayeredShader::Channel channel>
-constexpr XPropertyRow LayerNodes(u32 id, const char* name)
+constexpr XPropertyInfo LayerNodes(u32 id, const char* name)
 {
     return Computed<XNodeList>(
         id, name, 0,
@@ -264,7 +264,7 @@ XPropertyTable XLayeredShader::Properties()
         As<XLayeredShader>(node).m_CompositingFlag = value;
         return true;
     };
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Computed<i32>(3, "num_layers", 0, getNumLayers, setNumLayers),
         LayerNodes<kGlow>(4, "glow_layers"),
         LayerNodes<kTransparency>(5, "transparency_layers"),

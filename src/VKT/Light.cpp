@@ -36,7 +36,7 @@ XPropertyTable XLight::Properties()
         value = As<XLight>(node).GetShadowColour();
         return true;
     };
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XLight::m_Intensity>(1, "intensity", kAnimatable),
         Computed<XColour>(2, "colour", kAnimatable, getColour, setColour),
         Computed<XColour>(3, "shadow_colour", kAnimatable, getShadowColour, setShadowColour),

@@ -13,7 +13,7 @@ XBodyTable XLookAtConstraint::TextBody()
 
 XPropertyTable XLookAtConstraint::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XLookAtConstraint::m_DistanceBetween>(62, "distance_between", kAnimatable),
         Field<&XLookAtConstraint::m_Twist>(63, "twist", kAnimatable),
     };

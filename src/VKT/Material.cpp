@@ -50,7 +50,7 @@ XBodyTable XMaterial::TextBody()
 // `hw_shader` and `colour`.
 XPropertyTable XMaterial::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Computed<XBase*>(
             1, "hardwareShader", 0,
             [](const XBase& node, XBase*& value) {

@@ -12,7 +12,7 @@ XBodyTable XNewton::TextBody()
 
 XPropertyTable XNewton::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XNewton::m_MinDistance>(67, "min_distance", kAnimatable),
     };
     return rows;

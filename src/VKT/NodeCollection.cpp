@@ -56,7 +56,7 @@ XBodyTable XNodeCollection::TextBody()
 
 XPropertyTable XNodeCollection::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         NodeListField<&XNodeCollection::m_Items, kFnBone>(1, "items", kList),
     };
     return rows;

@@ -44,10 +44,10 @@ const XNodeProperties* XNodeProperties::Empty()
     return &empty;
 }
 
-const XPropertyRow* XNodeProperties::Find(u32 id) const
+const XPropertyInfo* XNodeProperties::Find(u32 id) const
 {
     for (const XNodeProperties* level = this; level; level = level->m_Base)
-        for (const XPropertyRow& row : level->m_Rows)
+        for (const XPropertyInfo& row : level->m_Rows)
             if (row.id == id)
                 return &row;
     return nullptr;
@@ -60,7 +60,7 @@ bool XNodeProperties::Get(const XBase* node, u32 id, T& value) const
 {
     if (!node || !IsOfType(*node, m_Type))
         return false;
-    for (const XPropertyRow& row : m_Rows)
+    for (const XPropertyInfo& row : m_Rows)
         if (row.id == id)
             if (const auto* access = std::get_if<XPropertyAccess<T>>(&row.access))
                 return access->get(*node, value);
@@ -72,7 +72,7 @@ bool XNodeProperties::Set(XBase* node, u32 id, const T& value) const
 {
     if (!node || !node->HasFn(m_Type))
         return false;
-    for (const XPropertyRow& row : m_Rows)
+    for (const XPropertyInfo& row : m_Rows)
         if (row.id == id)
             if (const auto* access = std::get_if<XPropertyAccess<T>>(&row.access))
                 return access->set && access->set(*node, value);
@@ -113,20 +113,20 @@ bool XNodeProperties::GetQuaternion(const XBase* node, u32 id, XQuaternion& valu
 
 XString XNodeProperties::GetPropertyName(u32 id) const
 {
-    const XPropertyRow* row = Find(id);
+    const XPropertyInfo* row = Find(id);
     return row ? row->name : "";
 }
 
 XPropertyType XNodeProperties::GetPropertyType(u32 id) const
 {
-    const XPropertyRow* row = Find(id);
+    const XPropertyInfo* row = Find(id);
     return row ? row->type : kPropertyNone;
 }
 
 u32 XNodeProperties::GetPropertyId(const char* name) const
 {
     for (const XNodeProperties* level = this; level; level = level->m_Base)
-        for (const XPropertyRow& row : level->m_Rows)
+        for (const XPropertyInfo& row : level->m_Rows)
             if (std::strcmp(row.name, name) == 0)
                 return row.id;
     return 0;
@@ -141,13 +141,13 @@ u32 XNodeProperties::GetNumProperties() const
 
 u32 XNodeProperties::GetPropertyFlags(u32 id) const
 {
-    const XPropertyRow* row = Find(id);
+    const XPropertyInfo* row = Find(id);
     return row ? row->flags : 0;
 }
 
 u32 XNodeProperties::GetPropertyNodeType(u32 id) const
 {
-    const XPropertyRow* row = Find(id);
+    const XPropertyInfo* row = Find(id);
     return row ? row->nodeType : 0;
 }
 

@@ -49,7 +49,7 @@ using XAnyAccess =
 
 // One row of a class's vocabulary. A number means something only together with the
 // node's class: classes of different chains reuse one another's.
-struct XPropertyRow {
+struct XPropertyInfo {
     u32 id;
     const char* name;
     XPropertyType type;
@@ -58,7 +58,7 @@ struct XPropertyRow {
     XAnyAccess access;
 };
 
-using XPropertyTable = std::span<const XPropertyRow>;
+using XPropertyTable = std::span<const XPropertyInfo>;
 
 // The attributes of a class by number and name: the public vocabulary of the library,
 // which lets an animation name the `translate` of a node without knowing its class.
@@ -127,7 +127,7 @@ public:
     }
 
 private:
-    const XPropertyRow* Find(u32 id) const;
+    const XPropertyInfo* Find(u32 id) const;
     template <class T>
     bool Get(const XBase* node, u32 id, T& value) const;
     template <class T>

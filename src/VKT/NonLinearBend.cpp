@@ -14,7 +14,7 @@ XBodyTable XNonLinearBend::TextBody()
 
 XPropertyTable XNonLinearBend::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XNonLinearBend::m_LowBound>(4, "low_bound", kAnimatable),
         Field<&XNonLinearBend::m_HighBound>(5, "high_bound", kAnimatable),
         Field<&XNonLinearBend::m_Curvature>(6, "curvature", kAnimatable),

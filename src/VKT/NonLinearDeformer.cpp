@@ -32,7 +32,7 @@ XBodyTable XNonLinearDeformer::TextBody()
 
 XPropertyTable XNonLinearDeformer::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         NodeField<&XNonLinearDeformer::m_Handle, kFnBone>(3, "handle"),
     };
     return rows;

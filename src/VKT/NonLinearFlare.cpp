@@ -18,7 +18,7 @@ XBodyTable XNonLinearFlare::TextBody()
 
 XPropertyTable XNonLinearFlare::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XNonLinearFlare::m_LowBound>(4, "low_bound", kAnimatable),
         Field<&XNonLinearFlare::m_HighBound>(5, "high_bound", kAnimatable),
         Field<&XNonLinearFlare::m_StartFlareX>(6, "start_flare_x", kAnimatable),

@@ -14,7 +14,7 @@ XBodyTable XNonLinearSine::TextBody()
 
 XPropertyTable XNonLinearSine::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XNonLinearSine::m_LowBound>(4, "low_bound", kAnimatable),
         Field<&XNonLinearSine::m_HighBound>(5, "high_bound", kAnimatable),
         Field<&XNonLinearSine::m_Amplitude>(6, "amplitude", kAnimatable),

@@ -19,7 +19,7 @@ XBodyTable XNonLinearSquash::TextBody()
 // The vocabulary has the position last, and spells it out.
 XPropertyTable XNonLinearSquash::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XNonLinearSquash::m_LowBound>(4, "low_bound", kAnimatable),
         Field<&XNonLinearSquash::m_HighBound>(5, "high_bound", kAnimatable),
         Field<&XNonLinearSquash::m_StartSmoothness>(6, "start_smoothness", kAnimatable),

@@ -15,7 +15,7 @@ XBodyTable XNonLinearTwist::TextBody()
 
 XPropertyTable XNonLinearTwist::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XNonLinearTwist::m_LowBound>(4, "low_bound", kAnimatable),
         Field<&XNonLinearTwist::m_HighBound>(5, "high_bound", kAnimatable),
         Field<&XNonLinearTwist::m_StartAngle>(6, "start_angle", kAnimatable),

@@ -19,7 +19,7 @@ XBodyTable XNonLinearWave::TextBody()
 
 XPropertyTable XNonLinearWave::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XNonLinearWave::m_MinRadius>(4, "min_radius", kAnimatable),
         Field<&XNonLinearWave::m_MaxRadius>(5, "max_radius", kAnimatable),
         Field<&XNonLinearWave::m_Amplitude>(6, "amplitude", kAnimatable),

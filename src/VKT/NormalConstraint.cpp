@@ -13,7 +13,7 @@ XBodyTable XNormalConstraint::TextBody()
 
 XPropertyTable XNormalConstraint::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XNormalConstraint::m_AimVector>(59, "aim_vector"),
         Field<&XNormalConstraint::m_UpVector>(60, "up_vector"),
     };

@@ -40,7 +40,7 @@ XBodyTable XNurbsCurve::BinaryBody()
 
 XPropertyTable XNurbsCurve::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         AsInteger<&XNurbsCurve::m_Degree>(5, "degree"),
         Field<&XNurbsCurve::m_Knots>(6, "knots"),
     };

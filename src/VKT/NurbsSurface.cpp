@@ -38,7 +38,7 @@ XBodyTable XNurbsSurface::BinaryBody()
 // number alone.
 XPropertyTable XNurbsSurface::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         AsInteger<&XNurbsSurface::m_DegreeU>(8, "degree_u"),
         AsInteger<&XNurbsSurface::m_DegreeV>(9, "degree_u"),
         Field<&XNurbsSurface::m_KnotsU>(10, "knots_u", kList),

@@ -39,7 +39,7 @@ bool XObjectSet::ReadChunk(XTextReader& in)
 
 XPropertyTable XObjectSet::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XObjectSet::m_Annotation>(2, "annotation"),
     };
     return rows;

@@ -12,7 +12,7 @@ XBodyTable XOrientConstraint::TextBody()
 
 XPropertyTable XOrientConstraint::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XOrientConstraint::m_Offset>(59, "offset", kAnimatable),
     };
     return rows;

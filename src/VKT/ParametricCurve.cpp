@@ -12,7 +12,7 @@ XBodyTable XParametricCurve::TextBody()
 
 XPropertyTable XParametricCurve::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         AsInteger<&XParametricCurve::m_CurveType>(4, "curve_type"),
     };
     return rows;

@@ -63,7 +63,7 @@ bool XParametricSurface::ReadChunk(XTextReader& in)
 // Kept on purpose: the vocabulary has the numbers of control vertices as lists of floats.
 XPropertyTable XParametricSurface::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         AsInteger<&XParametricSurface::m_TypeU>(4, "type_u"),
         AsInteger<&XParametricSurface::m_TypeV>(5, "type_v"),
         ReportedAs(kPropertyFloatArray, AsInteger<&XParametricSurface::m_NumCvsU>(6, "num_cvs_u")),

@@ -203,7 +203,7 @@ XPropertyTable XParticleShape::Properties()
     static constexpr auto setFields = [](XBase& node, const XNodeList& value) {
         return As<XParticleShape>(node).SetFields(value);
     };
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Computed<XNodeList>(4, "emitters", kList, getEmitters, setEmitters, kFnEmitter),
         Computed<XNodeList>(5, "fields", kList, getFields, setFields, kFnField),
         Field<&XParticleShape::m_DepthSort>(6, "depth_sort"),

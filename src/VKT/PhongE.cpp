@@ -13,7 +13,7 @@ XBodyTable XPhongE::TextBody()
 
 XPropertyTable XPhongE::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XPhongE::m_HighlightSize>(10, "highlight_size", kAnimatable),
         Field<&XPhongE::m_Roughness>(11, "roughness", kAnimatable),
     };

@@ -12,7 +12,7 @@ XBodyTable XPointConstraint::TextBody()
 
 XPropertyTable XPointConstraint::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XPointConstraint::m_Offset>(59, "offset", kAnimatable),
     };
     return rows;

@@ -12,7 +12,7 @@ XBodyTable XPoleVectorConstraint::TextBody()
 
 XPropertyTable XPoleVectorConstraint::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XPoleVectorConstraint::m_PivotSpace>(60, "pivot_space"),
     };
     return rows;

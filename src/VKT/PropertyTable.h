@@ -74,7 +74,7 @@ const Node& As(const XBase& node)
 
 // A field that is read and written as it stands.
 template <auto Member>
-constexpr XPropertyRow Field(u32 id, const char* name, u32 flags = 0)
+constexpr XPropertyInfo Field(u32 id, const char* name, u32 flags = 0)
 {
     using Value = typename Detail::MemberOf<decltype(Member)>::Type;
     using Node = typename Detail::MemberOf<decltype(Member)>::Node;
@@ -93,15 +93,15 @@ constexpr XPropertyRow Field(u32 id, const char* name, u32 flags = 0)
 
 // A property with accessors of its own; `set` null makes it read-only.
 template <class Value>
-constexpr XPropertyRow Computed(u32 id, const char* name, u32 flags, bool (*get)(const XBase&, Value&),
-                                bool (*set)(XBase&, const Value&), u32 nodeType = 0)
+constexpr XPropertyInfo Computed(u32 id, const char* name, u32 flags, bool (*get)(const XBase&, Value&),
+                                 bool (*set)(XBase&, const Value&), u32 nodeType = 0)
 {
     return {id, name, Detail::kPropertyTypeOf<Value>, flags, nodeType, XPropertyAccess<Value>{get, set}};
 }
 
 // An unsigned field, or a list of such numbers, that the vocabulary has as signed.
 template <auto Member>
-constexpr XPropertyRow AsInteger(u32 id, const char* name, u32 flags = 0)
+constexpr XPropertyInfo AsInteger(u32 id, const char* name, u32 flags = 0)
 {
     using Stored = typename Detail::MemberOf<decltype(Member)>::Type;
     using Node = typename Detail::MemberOf<decltype(Member)>::Node;
@@ -131,7 +131,7 @@ constexpr XPropertyRow AsInteger(u32 id, const char* name, u32 flags = 0)
 }
 
 // A row whose type, as the vocabulary reports it, is not that of its accessors.
-constexpr XPropertyRow ReportedAs(XPropertyType type, XPropertyRow row)
+constexpr XPropertyInfo ReportedAs(XPropertyType type, XPropertyInfo row)
 {
     row.type = type;
     return row;
@@ -140,7 +140,7 @@ constexpr XPropertyRow ReportedAs(XPropertyType type, XPropertyRow row)
 // A reference to another node, held as its id. It must answer to `nodeType` (0 for any)
 // and be of the same document; null clears it.
 template <auto Member, u32 NodeType>
-constexpr XPropertyRow NodeField(u32 id, const char* name, u32 flags = 0)
+constexpr XPropertyInfo NodeField(u32 id, const char* name, u32 flags = 0)
 {
     using Node = typename Detail::MemberOf<decltype(Member)>::Node;
     XPropertyAccess<XBase*> access;
@@ -161,7 +161,7 @@ constexpr XPropertyRow NodeField(u32 id, const char* name, u32 flags = 0)
 // References to other nodes, held as their ids; each as with `NodeField`, and none null.
 // Those that the document no longer holds are left out of what is read.
 template <auto Member, u32 NodeType>
-constexpr XPropertyRow NodeListField(u32 id, const char* name, u32 flags = 0)
+constexpr XPropertyInfo NodeListField(u32 id, const char* name, u32 flags = 0)
 {
     using Node = typename Detail::MemberOf<decltype(Member)>::Node;
     return Computed<XNodeList>(
@@ -178,7 +178,7 @@ constexpr XPropertyRow NodeListField(u32 id, const char* name, u32 flags = 0)
 
 // The node that feeds a shader input. Null does not clear it.
 template <auto Member, u32 NodeType>
-constexpr XPropertyRow InputNode(u32 id, const char* name, u32 flags = 0)
+constexpr XPropertyInfo InputNode(u32 id, const char* name, u32 flags = 0)
 {
     using Node = typename Detail::MemberOf<decltype(Member)>::Node;
     return Computed<XBase*>(
@@ -198,7 +198,7 @@ constexpr XPropertyRow InputNode(u32 id, const char* name, u32 flags = 0)
 
 // The colour of a shader input.
 template <auto Member>
-constexpr XPropertyRow InputColour(u32 id, const char* name, u32 flags = 0)
+constexpr XPropertyInfo InputColour(u32 id, const char* name, u32 flags = 0)
 {
     using Node = typename Detail::MemberOf<decltype(Member)>::Node;
     return Computed<XColour>(

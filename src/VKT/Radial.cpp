@@ -12,7 +12,7 @@ XBodyTable XRadial::TextBody()
 
 XPropertyTable XRadial::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XRadial::m_RadialType>(67, "radial_type", kAnimatable),
     };
     return rows;

@@ -12,7 +12,7 @@ XBodyTable XScaleConstraint::TextBody()
 
 XPropertyTable XScaleConstraint::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XScaleConstraint::m_Offset>(59, "offset", kAnimatable),
     };
     return rows;

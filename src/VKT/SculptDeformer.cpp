@@ -52,7 +52,7 @@ XBodyTable XSculptDeformer::TextBody()
 
 XPropertyTable XSculptDeformer::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XSculptDeformer::m_MaximumDisplacement>(3, "max_displacement", kAnimatable),
         Field<&XSculptDeformer::m_StartPosition>(4, "start_position", kAnimatable),
         Field<&XSculptDeformer::m_DropoffDistance>(5, "dropoff_distance", kAnimatable),

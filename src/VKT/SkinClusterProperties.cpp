@@ -126,7 +126,7 @@ XPropertyTable XSkinCluster::Properties()
     };
     // Kept on purpose: `affected` stands in front of the property of that name that all
     // deformers have.
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Computed<XNodeList>(3, "influences", 0, getInfluences, setInfluences, kFnBone),
         Computed<XBase*>(4, "affected", 0, getAffected, setAffected, kFnGeometry),
         Computed<XIntList>(5, "indices", 0, getPoints, setPoints),

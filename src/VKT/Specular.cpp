@@ -63,7 +63,7 @@ XBodyTable XSpecular::OldBinaryBody()
 
 XPropertyTable XSpecular::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         InputColour<&XSpecular::m_SpecularColour>(8, "specular", kAnimatable),
         Field<&XSpecular::m_Shininess>(9, "shininess", kAnimatable),
     };

@@ -19,7 +19,7 @@ XBodyTable XSphereMap::TextBody()
 
 XPropertyTable XSphereMap::Properties()
 {
-    static constexpr XPropertyRow rows[] = {ImageNode<0>(2, "image")};
+    static constexpr XPropertyInfo rows[] = {ImageNode<0>(2, "image")};
     return rows;
 }
 

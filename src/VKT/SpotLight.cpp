@@ -28,7 +28,7 @@ XBodyTable XSpotLight::TextBody()
 
 XPropertyTable XSpotLight::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XSpotLight::m_ConeAngle>(14, "cone_angle", kAnimatable),
         Field<&XSpotLight::m_PenumbraAngle>(15, "penumbra_angle", kAnimatable),
         Field<&XSpotLight::m_DropOff>(16, "drop_off", kAnimatable),

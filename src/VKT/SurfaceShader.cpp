@@ -48,7 +48,7 @@ XBodyTable XSurfaceShader::OldBinaryBody()
 
 XPropertyTable XSurfaceShader::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         InputColour<&XSurfaceShader::m_Transparency>(3, "transparency", kAnimatable),
     };
     return rows;

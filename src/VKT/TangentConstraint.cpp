@@ -13,7 +13,7 @@ XBodyTable XTangentConstraint::TextBody()
 
 XPropertyTable XTangentConstraint::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XTangentConstraint::m_AimVector>(59, "aim_vector"),
         Field<&XTangentConstraint::m_UpVector>(60, "up_vector"),
     };

@@ -68,7 +68,7 @@ XPropertyTable XTexPlacement2D::Properties()
         As<XTexPlacement2D>(node).m_FilterType = static_cast<u32>(value);
         return true;
     };
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XTexPlacement2D::m_TranslateFrameU>(1, "translate_frame_u", kAnimatable),
         Field<&XTexPlacement2D::m_TranslateFrameV>(2, "translate_frame_v", kAnimatable),
         Field<&XTexPlacement2D::m_RotateFrame>(3, "rotate_frame", kAnimatable),

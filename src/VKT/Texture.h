@@ -36,7 +36,7 @@ protected:
             [](XBase& node, XTextReader& in) { return ReadImage(static_cast<XTexture&>(node), Place, in); }};
     }
     template <u32 Place>
-    static constexpr XPropertyRow ImageNode(u32 id, const char* name)
+    static constexpr XPropertyInfo ImageNode(u32 id, const char* name)
     {
         return Computed<XBase*>(
             id, name, 0,

@@ -14,7 +14,7 @@ XBodyTable XTurbulence::TextBody()
 
 XPropertyTable XTurbulence::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XTurbulence::m_Frequency>(67, "frequency", kAnimatable),
         Field<&XTurbulence::m_Phase>(68, "phase", kAnimatable),
     };

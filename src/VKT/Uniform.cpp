@@ -12,7 +12,7 @@ XBodyTable XUniform::TextBody()
 
 XPropertyTable XUniform::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XUniform::m_Direction>(67, "direction", kAnimatable),
     };
     return rows;

@@ -23,7 +23,7 @@ XBodyTable XVolumeAxis::TextBody()
 
 XPropertyTable XVolumeAxis::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XVolumeAxis::m_Direction>(67, "direction", kAnimatable),
         Field<&XVolumeAxis::m_DirectionalSpeed>(68, "directional_speed", kAnimatable),
         Field<&XVolumeAxis::m_InvertAttenuation>(69, "invert_attenuation", kAnimatable),

@@ -14,7 +14,7 @@ XBodyTable XVolumeBox::TextBody()
 
 XPropertyTable XVolumeBox::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XVolumeBox::m_XSize>(1, "x_size", kAnimatable),
         Field<&XVolumeBox::m_YSize>(2, "y_size", kAnimatable),
         Field<&XVolumeBox::m_ZSize>(3, "z_size", kAnimatable),

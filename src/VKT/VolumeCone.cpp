@@ -13,7 +13,7 @@ XBodyTable XVolumeCone::TextBody()
 
 XPropertyTable XVolumeCone::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XVolumeCone::m_Angle>(1, "angle", kAnimatable),
         Field<&XVolumeCone::m_Cap>(2, "cap", kAnimatable),
     };

@@ -13,7 +13,7 @@ XBodyTable XVolumeCylinder::TextBody()
 
 XPropertyTable XVolumeCylinder::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XVolumeCylinder::m_Radius>(1, "radius", kAnimatable),
         Field<&XVolumeCylinder::m_Height>(2, "height", kAnimatable),
     };

@@ -62,7 +62,7 @@ XBodyTable XVolumeLight::TextBody()
 
 XPropertyTable XVolumeLight::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XVolumeLight::m_Arc>(14, "arc", kAnimatable),
         Field<&XVolumeLight::m_ConeEndRadius>(15, "cone_end_radius", kAnimatable),
     };

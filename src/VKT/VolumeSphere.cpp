@@ -12,7 +12,7 @@ XBodyTable XVolumeSphere::TextBody()
 
 XPropertyTable XVolumeSphere::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XVolumeSphere::m_Radius>(1, "radius", kAnimatable),
     };
     return rows;

@@ -12,7 +12,7 @@ XBodyTable XVortex::TextBody()
 
 XPropertyTable XVortex::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XVortex::m_Axis>(67, "axis", kAnimatable),
     };
     return rows;

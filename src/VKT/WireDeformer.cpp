@@ -178,7 +178,7 @@ XPropertyTable XWireDeformer::Properties()
                 return true;
             });
     };
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         parameters.operator()<&XWireRecord::m_WireParam1, kScaleRefused>(3, "wire_scale"),
         parameters.operator()<&XWireRecord::m_WireParam2, kDropoffRefused>(4, "wire_dropoff_distance"),
         Field<&XWireDeformer::m_LocalIntensity>(5, "local_intensity", kAnimatable),

@@ -38,7 +38,7 @@ XBodyTable XWrapDeformer::TextBody()
 
 XPropertyTable XWrapDeformer::Properties()
 {
-    static constexpr XPropertyRow rows[] = {
+    static constexpr XPropertyInfo rows[] = {
         Field<&XWrapDeformer::m_Dropoff>(3, "dropoff", kAnimatable),
         Field<&XWrapDeformer::m_Smoothness>(4, "smoothness", kAnimatable),
         Field<&XWrapDeformer::m_WeightThreshold>(5, "weight_threshold", kAnimatable),

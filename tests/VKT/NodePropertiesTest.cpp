@@ -356,7 +356,7 @@ public:
     using XNodeClass::XNodeClass;
     static XPropertyTable Properties()
     {
-        static constexpr XPropertyRow rows[] = {
+        static constexpr XPropertyInfo rows[] = {
             Field<&Base::number>(1, "number"),
             Field<&Base::real>(2, "real"),
             Field<&Base::realAgain>(3, "real"),
@@ -373,7 +373,7 @@ public:
     using XNodeClass::XNodeClass;
     static XPropertyTable Properties()
     {
-        static constexpr XPropertyRow rows[] = {
+        static constexpr XPropertyInfo rows[] = {
             Field<&Derived::flag>(1, "flag", kAnimatable),
             Field<&Derived::again>(1, "again"),
         };

@@ -21,7 +21,7 @@ inline std::string RowsOf(const XNodeProperties* properties)
                                              "quat",   "floats", "vectors", "ints",   "nodes"};
     std::ostringstream out;
     out << properties->GetNumProperties() << " properties\n";
-    for (const XPropertyRow& row : properties->GetRows()) {
+    for (const XPropertyInfo& row : properties->GetRows()) {
         out << row.name << ' ' << kTypes[row.type] << ' ' << row.id;
         if (row.flags != 0)
             out << ' ' << (row.flags & kAnimatable ? "a" : "") << (row.flags & kReadOnly ? "r" : "")
@@ -38,7 +38,7 @@ inline std::string RowsOf(const XNodeProperties* properties)
 inline void SetProperties(XBase& node, const std::string& lines)
 {
     const XNodeProperties& properties = *node.GetNodeProperties();
-    for (const XPropertyRow& row : properties.GetRows()) {
+    for (const XPropertyInfo& row : properties.GetRows()) {
         const std::size_t at = lines.find(std::string("\t") + row.name + ' ');
         ASSERT_NE(at, std::string::npos) << row.name;
         std::istringstream in(lines.substr(at + 2 + std::string(row.name).size()));

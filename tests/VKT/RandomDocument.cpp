@@ -25,7 +25,7 @@ std::string WithoutRelatives(const std::string& body)
 }
 
 // The placement of a bump map: a property of floats that holds an id.
-bool IsIdAsFloat(const XPropertyRow& row)
+bool IsIdAsFloat(const XPropertyInfo& row)
 {
     return row.name == std::string_view("placement") && row.type == kPropertyFloat;
 }
@@ -107,13 +107,13 @@ void RandomDocument::ChangeProperties(XBase& node)
 {
     const XNodeProperties* properties = node.GetNodeProperties();
     for (const XNodeProperties* own = properties; own; own = own->GetBase())
-        for (const XPropertyRow& row : own->GetRows())
+        for (const XPropertyInfo& row : own->GetRows())
             if (!(row.flags & kReadOnly) && !IsIdAsFloat(row) && Chance(50))
                 ChangeProperty(node, row);
 }
 
 // Integers stay within the words of every enumeration.
-void RandomDocument::ChangeProperty(XBase& node, const XPropertyRow& row)
+void RandomDocument::ChangeProperty(XBase& node, const XPropertyInfo& row)
 {
     const XNodeProperties& properties = *node.GetNodeProperties();
     switch (row.type) {

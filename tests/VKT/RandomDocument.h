@@ -37,7 +37,7 @@ private:
     std::string Body(const XBase& sample, const XNodeList& nodes);
     u32 Partner(const XBase* sample, const XNodeList& nodes);
     void ChangeProperties(XBase& node);
-    void ChangeProperty(XBase& node, const XPropertyRow& row);
+    void ChangeProperty(XBase& node, const XPropertyInfo& row);
     void AddAttributes(XBase& node, const XNodeList& nodes);
     void BuildHierarchy(const XNodeList& nodes);
     void AddInstances(XModel& model, const XNodeList& nodes);

@@ -256,7 +256,7 @@ TEST_F(RegistrySweep, NamesAndNumbersOfPropertiesMapToEachOther)
         const XBase* node = m_Model.CreateNode(type);
         u32 rows = 0;
         for (const XNodeProperties* level = node->GetNodeProperties(); level; level = level->GetBase())
-            for (const XPropertyRow& row : level->GetRows()) {
+            for (const XPropertyInfo& row : level->GetRows()) {
                 ++rows;
                 const std::string entry = XFnTypeName(type) + ' ' + row.name + ' ' + std::to_string(row.id);
                 const bool isSeen = node->GetPropertyName(row.id) == row.name &&

@@ -37,7 +37,7 @@ std::vector<std::string> Reported(const XNodeProperties* properties)
 {
     std::vector<std::string> rows;
     for (; properties; properties = properties->GetBase())
-        for (const XPropertyRow& row : properties->GetRows())
+        for (const XPropertyInfo& row : properties->GetRows())
             rows.push_back(Describe(row, row.type));
     return rows;
 }
