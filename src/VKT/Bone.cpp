@@ -1,7 +1,9 @@
 #include "VKT/Bone.h"
 
 #include <algorithm>
+#include <unordered_set>
 
+#include "VKT/BoneWalk.h"
 #include "VKT/Logger.h"
 #include "VKT/Model.h"
 #include "VKT/Shape.h"
@@ -161,29 +163,9 @@ void XBone::UpdateWorldMatrix(const XMatrix& parent, bool recursive)
     UpdateOwnMatrices(parent);
     if (!recursive)
         return;
-    EdgeSet walked;
-    UpdateBelow(walked);
-}
-
-// Each step is a bone whose matrices stand and whose children are due. The edges that
-// were walked are remembered, so that a child under two parents is visited twice and a
-// ring ends.
-void XBone::UpdateBelow(EdgeSet& walked)
-{
-    XVector<std::pair<XBone*, std::size_t>> pending(1, {this, 0});
-    while (!pending.empty()) {
-        auto& [bone, next] = pending.back();
-        if (next == bone->m_Children.size()) {
-            pending.pop_back();
-            continue;
-        }
-        const u32 id = bone->m_Children[next++];
-        XBone* const child = XCast<XBone>(GetModel()->FindNode(id));
-        if (!child || !walked.insert(u64{bone->GetID()} << 32 | id).second)
-            continue;
-        child->UpdateOwnMatrices(bone->m_World);
-        pending.push_back({child, 0});
-    }
+    XBoneWalk(*GetModel()).Below(*this, [](XBone& bone, const XBone& above) {
+        bone.UpdateOwnMatrices(above.m_World);
+    });
 }
 
 namespace {

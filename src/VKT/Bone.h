@@ -1,8 +1,5 @@
 #pragma once
 
-#include <unordered_set>
-
-#include "VKT/IdMap.h"
 #include "VKT/LimitPair.h"
 #include "VKT/NodeClass.h"
 
@@ -114,6 +111,7 @@ protected:
 
 private:
     friend class XModel;
+    friend class XBoneWalk;
 
     bool IsBelow(const XBone& bone) const;
     void ResetCurrent();
@@ -122,9 +120,6 @@ private:
     void WriteInstances(XTextWriter& out) const;
     bool ReadInstances(XTextReader& in);
     void UpdateOwnMatrices(const XMatrix& parent);
-    // Edges of the hierarchy, the parent's id and the child's in one number.
-    using EdgeSet = std::unordered_set<u64, XIdHash>;
-    void UpdateBelow(EdgeSet& walked);
     void CopyHierarchy(const XBone& source);
     void CopyBelow(const XBone& source);
     void CopyInstancesOf(const XBone& source);
@@ -163,6 +158,8 @@ private:
     bool m_InheritsTransform = true;
     bool m_HasInverse = true;        // of m_World; without one the inverses stay as they were
     bool m_SharesInstances = false;  // some may be of the bone that this one was copied from
+    u32 m_Walk = 0;                  // the last walk that came here, and from which bone first
+    u32 m_WalkedFrom = 0;
 };
 
 }  // namespace VKT

@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "VKT/AnimCycle.h"
-#include "VKT/Bone.h"
+#include "VKT/BoneWalk.h"
 #include "VKT/FnRegistry.h"
 #include "VKT/Shape.h"
 
@@ -144,6 +144,7 @@ void XModel::Enter(std::unique_ptr<XBase> node, std::string_view name)
     node->m_NameEntry = isLast ? m_Nodes.insert(m_Nodes.end(), entry) : m_Nodes.insert(entry);
     XBase* const owned = node.release();
     m_NodesById.Insert(owned->m_ID, owned);
+    m_LastId = std::max(m_LastId, owned->m_ID);
 }
 
 XString XModel::SetName(XBase* node, std::string_view requested)
@@ -316,10 +317,10 @@ void XModel::UpdateWorldMatrices()
 {
     XBoneList roots;
     ListRootBones(roots);
-    XBone::EdgeSet walked;  // one for all roots: a damaged file may hang one tree under many
+    XBoneWalk walk(*this);  // one for all roots: a damaged file may hang one tree under many
     for (XBone* root : roots) {
         root->UpdateOwnMatrices(kIdentityMatrix);
-        root->UpdateBelow(walked);
+        walk.Below(*root, [](XBone& bone, const XBone& above) { bone.UpdateOwnMatrices(above.m_World); });
     }
 }
 

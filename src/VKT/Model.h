@@ -173,6 +173,7 @@ public:
 private:
     friend class XBase;           // starts outside of m_Nodes
     friend class XBone;           // instances that a bone reads
+    friend class XBoneWalk;       // its number
     friend class XInstance;       // what an instance could not use
     friend class XSampledStream;  // samples that a file claims
 
@@ -206,7 +207,7 @@ private:
     XFileResult LoadSafely(const char* path, Reading read);
     XFileResult CheckHeader(std::string_view header, const char* path);
     void PostLoad();
-    void RenewLastId();
+    bool BuildBindMatrices(const XVector<XBone*>& bones, const XVector<XBone*>& roots);
     void Abandon(XBase& node);
     void Drop(XDroppedChunk chunk);
     void Drop(XDroppedReference reference);
@@ -268,6 +269,7 @@ private:
     std::unordered_map<u64, Place, XIdHash> m_InstancesByPlace;
     std::unordered_map<u32, XIndexList, XIdHash> m_InstancesByShape;
     XBoneLinks m_BoneLinks;
+    u32 m_LastBoneWalk = 0;
     // Of equal keys the first; the key looks into the definition.
     std::map<std::string_view, const XInheritedNode*> m_InheritedByHeader;
     // What `FindBuiltInType` has found for each definition, so that long chains are walked

@@ -2,7 +2,7 @@
 #include <cstdio>
 #include <exception>
 
-#include "VKT/Bone.h"
+#include "VKT/BoneWalk.h"
 #include "VKT/FnRegistry.h"
 #include "VKT/Model.h"
 #include "VKT/TextReader.h"
@@ -66,8 +66,7 @@ XFileResult XModel::Load(std::istream& in, const char* path, bool loadCycles)
     });
 }
 
-// Empties the document and runs `read` on it. Whatever comes of it, nodes created later
-// get ids above all that were read.
+// Empties the document and runs `read` on it.
 template <class Reading>
 XFileResult XModel::LoadSafely(const char* path, Reading read)
 {
@@ -82,7 +81,6 @@ XFileResult XModel::LoadSafely(const char* path, Reading read)
     } catch (const std::exception& error) {
         GetLogger()->LogFormat(kError, "loading \"%s\" failed: %s", path, error.what());
     }
-    RenewLastId();
     return result;
 }
 
@@ -109,33 +107,56 @@ XFileResult XModel::CheckHeader(std::string_view header, const char* path)
 }
 
 // Files hold bind poses alone: they become the current pose too, and the matrices of both
-// are built from it.
+// are built from it, in one walk: a million bones do not stay in the cache from one walk to
+// the next.
 //
-// The rule has one more pass ahead, over the poses of fresh bones. Nothing of it is left,
-// but for the inverses of bones that are scaled so small that they have none: those stay
-// as that pass left them, so it is made up for where there is such a bone.
+// The rule has one more pass over the matrices ahead, in the poses of fresh bones. Nothing of
+// it is left, but for the inverses of bones that are scaled so small that they have none:
+// those stay as that pass left them, so it is made up for where there is such a bone.
 void XModel::PostLoad()
 {
-    XVector<XBone*> bones;
+    XBoneList bones;
+    XBoneList roots;
     for (const auto& [name, node] : m_Nodes) {
         node->PostLoad();
-        if (XBone* bone = XCast<XBone>(node))
-            bones.push_back(bone);
+        XBone* const bone = XCast<XBone>(node);
+        if (!bone)
+            continue;
+        bone->CopyBindToCurrent();
+        bones.push_back(bone);
+        if (bone->GetParentId() == 0)
+            roots.push_back(bone);
     }
-    const auto build = [&] {
-        for (XBone* bone : bones)
-            bone->CopyBindToCurrent();
-        UpdateWorldMatrices();
-    };
-    build();
-    if (!std::all_of(bones.begin(), bones.end(), [](const XBone* bone) { return bone->m_HasInverse; })) {
-        for (XBone* bone : bones)
-            bone->ResetCurrent();
-        UpdateWorldMatrices();
-        build();
-    }
+    if (BuildBindMatrices(bones, roots))
+        return;
     for (XBone* bone : bones)
-        bone->CopyMatricesToBind();
+        bone->ResetCurrent();
+    UpdateWorldMatrices();
+    for (XBone* bone : bones)
+        bone->CopyBindToCurrent();
+    BuildBindMatrices(bones, roots);
+}
+
+// Builds the matrices of the current pose and copies them to the bind pose, also where no
+// root leads. False when a bone has no inverse.
+bool XModel::BuildBindMatrices(const XBoneList& bones, const XBoneList& roots)
+{
+    bool haveInverses = true;
+    const auto build = [&](XBone& bone, const XMatrix& above) {
+        bone.UpdateOwnMatrices(above);
+        bone.CopyMatricesToBind();
+        haveInverses = haveInverses && bone.m_HasInverse;
+    };
+    XBoneWalk walk(*this);
+    for (XBone* root : roots) {
+        build(*root, kIdentityMatrix);
+        walk.Below(*root, [&](XBone& bone, const XBone& above) { build(bone, above.GetWorld(false)); });
+    }
+    if (walk.GetNumVisited() < bones.size())
+        for (XBone* bone : bones)
+            if (!walk.HasVisited(*bone))
+                bone->CopyMatricesToBind();
+    return haveInverses;
 }
 
 // A node that could not be read to its end leaves no instances behind.
@@ -159,13 +180,6 @@ void XModel::Drop(XDroppedReference reference)
 {
     if (m_NumDroppedReferences++ < kMostDroppedKept)
         m_DroppedReferences.push_back(std::move(reference));
-}
-
-void XModel::RenewLastId()
-{
-    m_LastId = 0;
-    for (const auto& [name, node] : m_Nodes)
-        m_LastId = std::max(m_LastId, node->GetID());
 }
 
 }  // namespace VKT

@@ -429,6 +429,17 @@ TEST_F(ContainerText, ARingBelowARootEndsAfterEachEdgeOnce)
     EXPECT_EQ(XCast<XBone>(m_Model.FindNode("b"))->GetWorld(false), TranslationMatrix({3, 6, 9, 0}));
 }
 
+TEST_F(ContainerText, ARingThroughARootLeavesOtherRingsAtIdentity)
+{
+    ASSERT_EQ(Load(kHeader + Bone("a", "1", "0", "1\n\t\t2 ") + Bone("b", "2", "1", "1\n\t\t1 ") +
+                   Bone("c", "3", "4", "1\n\t\t4 ") + Bone("d", "4", "3", "1\n\t\t3 ")),
+              FileOk);
+    EXPECT_EQ(XCast<XBone>(m_Model.FindNode("b"))->GetWorld(true), TranslationMatrix({2, 4, 6, 0}));
+    EXPECT_EQ(XCast<XBone>(m_Model.FindNode("a"))->GetWorld(true), TranslationMatrix({3, 6, 9, 0}));
+    EXPECT_EQ(XCast<XBone>(m_Model.FindNode("c"))->GetLocal(true), kIdentityMatrix);
+    EXPECT_EQ(XCast<XBone>(m_Model.FindNode("d"))->GetLocal(true), kIdentityMatrix);
+}
+
 TEST_F(ContainerText, ChildrenThatAreNoBonesOrNotThereAreSteppedOver)
 {
     ASSERT_EQ(Load(kHeader + Wave("w", "2") + Bone("root", "1", "0", "4\n\t\t2 99 0 1 ")), FileOk);
