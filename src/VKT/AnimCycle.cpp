@@ -176,13 +176,13 @@ bool XAnimCycle::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XAnimCycle::ReadChunk(XTextReader& in)
+bool XAnimCycle::ReadFields(XTextReader& in)
 {
     if (!Expect("num_bones", in, kSource, 5))
         return false;
     u32 count = 0;
     in.Read(count);
-    if (!XNodeClass::ReadChunk(in))
+    if (!XNodeClass::ReadFields(in))
         return false;
     CleanOwnName();
     for (u32 i = 0; i < count; ++i)

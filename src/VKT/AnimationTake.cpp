@@ -154,9 +154,9 @@ bool XAnimationTake::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XAnimationTake::ReadChunk(XTextReader& in)
+bool XAnimationTake::ReadFields(XTextReader& in)
 {
-    if (!XNodeClass::ReadChunk(in) || !Expect("num_animated_nodes", in, kSource, 5))
+    if (!XNodeClass::ReadFields(in) || !Expect("num_animated_nodes", in, kSource, 5))
         return false;
     m_NumFrames = CountFrames();
     u32 count = 0;
@@ -173,7 +173,7 @@ bool XAnimationTake::ReadChunk(XTextReader& in)
         Append(std::move(entry));
     }
     CleanOwnName();
-    return in.IsGood();
+    return true;
 }
 
 }  // namespace VKT

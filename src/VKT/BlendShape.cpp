@@ -143,9 +143,9 @@ bool XBlendShape::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XBlendShape::ReadChunk(XTextReader& in)
+bool XBlendShape::ReadFields(XTextReader& in)
 {
-    if (!XNodeClass::ReadChunk(in) || !Expect("num_shapes", in, kSource, 1))
+    if (!XNodeClass::ReadFields(in) || !Expect("num_shapes", in, kSource, 1))
         return false;
     const bool isOld = IsFromOlderFile(*this);
     u32 count = 0;
@@ -164,7 +164,7 @@ bool XBlendShape::ReadChunk(XTextReader& in)
         in.Read(numPoints);
         in.ReadNumbers(target.m_Points, numPoints);
     }
-    return in.IsGood();
+    return true;
 }
 
 // Kept on purpose: the vocabulary calls the targets and the base float arrays.

@@ -53,7 +53,7 @@ public:
     bool DoData(XFileIO& file) override;
     void DoCopy(const XBase* source) override;
     bool WriteChunk(XTextWriter& out) const override;
-    bool ReadChunk(XTextReader& in) override;
+    bool ReadFields(XTextReader& in);
 
     static XPropertyTable Properties();
 

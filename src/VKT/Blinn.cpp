@@ -11,9 +11,9 @@ bool XBlinn::DoData(XFileIO& file)
     return true;
 }
 
-bool XBlinn::ReadChunk(XTextReader& in)
+bool XBlinn::ReadFields(XTextReader& in)
 {
-    if (!XNodeClass::ReadChunk(in))
+    if (!XNodeClass::ReadFields(in))
         return false;
     DeriveShininess();
     return true;

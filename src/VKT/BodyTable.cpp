@@ -341,7 +341,7 @@ bool ReadTextBody(XBase& node, const XBodyTable& table, XTextReader& in)
             !std::visit(TextReading{node, row, in, table.source, line}, row.stored))
             return false;
     }
-    return in.IsGood();
+    return true;
 }
 
 bool DoBinaryBody(XBase& node, const XBodyTable& table, XFileIO& file)

@@ -221,7 +221,8 @@ struct XBodyTable {
 };
 
 // The engine. Reading stops at the first failure, which has been logged; a wrong key
-// logs the table's source and the row's number.
+// logs the table's source and the row's number. Text that is no number fails the input, and
+// that is seen at the next key, which may be one behind the table.
 bool WriteTextBody(const XBase& node, const XBodyTable& table, XTextWriter& out);
 bool ReadTextBody(XBase& node, const XBodyTable& table, XTextReader& in);
 // Both directions, and measuring.

@@ -18,9 +18,9 @@ void XCluster::PreDelete(std::set<u32>& ids)
         ids.insert(m_JointId);
 }
 
-bool XCluster::ReadChunk(XTextReader& in)
+bool XCluster::ReadFields(XTextReader& in)
 {
-    return XPointCluster::ReadChunk(in) && ReadPoints(in, ".\\src\\VKT\\Cluster");
+    return XPointCluster::ReadFields(in) && ReadPoints(in, ".\\src\\VKT\\Cluster");
 }
 
 XPropertyTable XCluster::Properties()

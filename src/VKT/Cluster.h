@@ -11,7 +11,7 @@ public:
 
     bool NodeDeath(u32 id) override;
     void PreDelete(std::set<u32>& ids) override;
-    bool ReadChunk(XTextReader& in) override;
+    bool ReadFields(XTextReader& in);
 
     static XPropertyTable Properties();
 };

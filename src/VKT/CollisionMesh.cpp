@@ -38,11 +38,11 @@ bool XCollisionMesh::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XCollisionMesh::ReadChunk(XTextReader& in)
+bool XCollisionMesh::ReadFields(XTextReader& in)
 {
     u32 numPoints = 0;
     u32 numIndices = 0;
-    if (!XCollisionObject::ReadChunk(in) || !Expect("num_points", in, kSource, 1))
+    if (!XCollisionObject::ReadFields(in) || !Expect("num_points", in, kSource, 1))
         return false;
     in.Read(numPoints);
     if (!Expect("num_indices", in, kSource, 2))

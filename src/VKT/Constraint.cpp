@@ -132,9 +132,9 @@ bool XConstraint::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XConstraint::ReadChunk(XTextReader& in)
+bool XConstraint::ReadFields(XTextReader& in)
 {
-    if (!XBone::ReadChunk(in) || !Expect("affected", in, kSource, 1))
+    if (!XBone::ReadFields(in) || !Expect("affected", in, kSource, 1))
         return false;
     in.Read(m_Affected);
     if (!Expect("num_targets", in, kSource, 2))
@@ -149,7 +149,7 @@ bool XConstraint::ReadChunk(XTextReader& in)
         in.ReadToken(m_TargetNames.emplace_back());
         in.Read(m_Weights.emplace_back());
     }
-    return in.IsGood();
+    return true;
 }
 
 XPropertyTable XConstraint::Properties()

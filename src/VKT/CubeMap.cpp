@@ -12,9 +12,9 @@ bool XCubeMap::WriteChunk(XTextWriter& out) const
     return XNodeClass::WriteChunk(out) && (m_Dynamic || WriteTextBody(*this, FacesBody(), out));
 }
 
-bool XCubeMap::ReadChunk(XTextReader& in)
+bool XCubeMap::ReadFields(XTextReader& in)
 {
-    return XNodeClass::ReadChunk(in) && (m_Dynamic || ReadTextBody(*this, FacesBody(), in));
+    return XNodeClass::ReadFields(in) && (m_Dynamic || ReadTextBody(*this, FacesBody(), in));
 }
 
 XBodyTable XCubeMap::TextBody()

@@ -28,7 +28,7 @@ public:
     void SetBack(u32 id) { SetImage(kBack, id); }
 
     bool WriteChunk(XTextWriter& out) const override;
-    bool ReadChunk(XTextReader& in) override;
+    bool ReadFields(XTextReader& in);
 
     static XBodyTable TextBody();
     static XBodyTable BinaryBody();

@@ -87,10 +87,10 @@ void XEmitter::DoCopy(const XBase* source)
         Feed(other->m_Shape);
 }
 
-bool XEmitter::ReadChunk(XTextReader& in)
+bool XEmitter::ReadFields(XTextReader& in)
 {
     m_ParticleColour.a = 1.0f;
-    return XNodeClass::ReadChunk(in);
+    return XNodeClass::ReadFields(in);
 }
 
 XBodyTable XEmitter::TextBody()

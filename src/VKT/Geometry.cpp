@@ -105,7 +105,7 @@ bool XGeometry::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XGeometry::ReadChunk(XTextReader& in)
+bool XGeometry::ReadFields(XTextReader& in)
 {
     const u32 version = GetModel()->GetVersion();
     // Particle shapes had no points and no deformers in older files.
@@ -129,7 +129,7 @@ bool XGeometry::ReadChunk(XTextReader& in)
             return false;
         in.Read(m_IntermediateObject);
     }
-    return in.IsGood();
+    return true;
 }
 
 XPropertyTable XGeometry::Properties()

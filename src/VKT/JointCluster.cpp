@@ -2,9 +2,9 @@
 
 namespace VKT {
 
-bool XJointCluster::ReadChunk(XTextReader& in)
+bool XJointCluster::ReadFields(XTextReader& in)
 {
-    return XPointCluster::ReadChunk(in) && ReadPoints(in, ".\\src\\VKT\\JointCluster");
+    return XPointCluster::ReadFields(in) && ReadPoints(in, ".\\src\\VKT\\JointCluster");
 }
 
 // Kept on purpose: the vocabulary calls all three float arrays.

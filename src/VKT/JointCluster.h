@@ -10,7 +10,7 @@ class XJointCluster : public XNodeClass<XJointCluster, XPointCluster, kFnJointCl
 public:
     using XNodeClass::XNodeClass;
 
-    bool ReadChunk(XTextReader& in) override;
+    bool ReadFields(XTextReader& in);
 
     static XPropertyTable Properties();
 };

@@ -159,9 +159,9 @@ bool XLayeredShader::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XLayeredShader::ReadChunk(XTextReader& in)
+bool XLayeredShader::ReadFields(XTextReader& in)
 {
-    if (!XNodeClass::ReadChunk(in))
+    if (!XNodeClass::ReadFields(in))
         return false;
     Resize(0);
     return IsFromOlderFile(*this) ? ReadOldLayers(in) : ReadLayers(in);
@@ -199,7 +199,7 @@ bool XLayeredShader::ReadOldLayers(XTextReader& in)
             return false;
         in.ReadNumbers(ids[channel], count);
     }
-    if (!in.IsGood() || !Expect("compositing_flag", in, kSource, 5))
+    if (!Expect("compositing_flag", in, kSource, 5))
         return false;
     TakeOldLayers(ids);
     in.Read(m_CompositingFlag);

@@ -81,9 +81,9 @@ bool XLayeredTexture::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XLayeredTexture::ReadChunk(XTextReader& in)
+bool XLayeredTexture::ReadFields(XTextReader& in)
 {
-    if (!XNodeClass::ReadChunk(in))
+    if (!XNodeClass::ReadFields(in))
         return false;
     Clear();
     if (!Expect("inputs", in, kSource, 1))
@@ -93,7 +93,7 @@ bool XLayeredTexture::ReadChunk(XTextReader& in)
     for (u32 layer = 0; layer < count; ++layer)
         if (!ReadLayer(in))
             return false;
-    return in.IsGood();
+    return true;
 }
 
 // A word that is no mode means none.

@@ -82,12 +82,12 @@ bool XMesh::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XMesh::ReadChunk(XTextReader& in)
+bool XMesh::ReadFields(XTextReader& in)
 {
     u32 numNormals = 0;
     u32 numSets = 0;
     u32 numFaces = 0;
-    if (!XGeometry::ReadChunk(in) || !Expect("normal_count", in, kSource, 1))
+    if (!XGeometry::ReadFields(in) || !Expect("normal_count", in, kSource, 1))
         return false;
     in.Read(numNormals);
     if (!Expect("num_uv_sets", in, kSource, 2))
@@ -102,7 +102,7 @@ bool XMesh::ReadChunk(XTextReader& in)
             return false;
         in.ReadNumbers(m_Normals, numNormals);
     }
-    return ReadTexCoords(in, numSets) && ReadFaces(in, numFaces, numSets) && in.IsGood();
+    return ReadTexCoords(in, numSets) && ReadFaces(in, numFaces, numSets);
 }
 
 bool XMesh::ReadTexCoords(XTextReader& in, u32 numSets)

@@ -120,7 +120,7 @@ bool XMeshVertexColours::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XMeshVertexColours::ReadChunk(XTextReader& in)
+bool XMeshVertexColours::ReadFields(XTextReader& in)
 {
     if (!Expect("mesh_id", in, kSource, 1))
         return false;
@@ -133,7 +133,7 @@ bool XMeshVertexColours::ReadChunk(XTextReader& in)
     for (u32 i = 0; i < count; ++i)
         if (!ReadColourSet(in))
             return false;
-    return in.IsGood();
+    return true;
 }
 
 bool XMeshVertexColours::ReadColourSet(XTextReader& in)

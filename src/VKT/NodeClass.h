@@ -28,7 +28,8 @@ inline constexpr bool kIsSame<Function, Function> = true;
 // From these follow `GetApiType`, both `HasFn`, `DoData` (and so `GetDataSize`),
 // `DoCopy`, `WriteChunk`, `ReadChunk` and `GetNodeProperties`, each running the base
 // class first. A table that a class does not declare adds nothing. A class overrides an
-// operation for what tables can't say, and calls the one from here at its place.
+// operation for what tables can't say, and calls the one from here at its place; for
+// reading text that is `ReadFields`.
 //
 // A class whose total of properties is not the sum of its rows declares it as
 // `kNumProperties`.
@@ -74,10 +75,15 @@ public:
 
     bool ReadChunk(XTextReader& in) override
     {
+        return static_cast<Self*>(this)->Self::ReadFields(in) && in.IsGood();
+    }
+
+    bool ReadFields(XTextReader& in)
+    {
         if constexpr (HasOldTextBody())
             if (IsFromOlderFile(*this))
                 return ReadTextBody(*this, Self::OldTextBody(), in);
-        return Base::ReadChunk(in) && ReadOwnTextBody(in);
+        return Base::ReadFields(in) && ReadOwnTextBody(in);
     }
 
     void DoCopy(const XBase* source) override

@@ -25,16 +25,16 @@ bool XObjectSet::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XObjectSet::ReadChunk(XTextReader& in)
+bool XObjectSet::ReadFields(XTextReader& in)
 {
-    if (!XNodeCollection::ReadChunk(in) || !Expect("annotation", in, ".\\src\\VKT\\ObjectSet", 1))
+    if (!XNodeCollection::ReadFields(in) || !Expect("annotation", in, ".\\src\\VKT\\ObjectSet", 1))
         return false;
     in.ReadToken(m_Annotation);
     if (m_Annotation.starts_with('"'))
         m_Annotation.erase(0, 1);
     if (m_Annotation.ends_with('"'))
         m_Annotation.pop_back();
-    return in.IsGood();
+    return true;
 }
 
 XPropertyTable XObjectSet::Properties()

@@ -50,14 +50,14 @@ bool XParametricSurface::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XParametricSurface::ReadChunk(XTextReader& in)
+bool XParametricSurface::ReadFields(XTextReader& in)
 {
-    if (!XParametricBase::ReadChunk(in) || !Expect("is_trimmed", in, kSource, 1))
+    if (!XParametricBase::ReadFields(in) || !Expect("is_trimmed", in, kSource, 1))
         return false;
     i32 isTrimmed = 0;
     in.Read(isTrimmed);
     m_TrimData = isTrimmed != 0 ? std::make_unique<XTrimData>() : nullptr;
-    return m_TrimData ? m_TrimData->Read(in) : in.IsGood();
+    return !m_TrimData || m_TrimData->Read(in);
 }
 
 // Kept on purpose: the vocabulary has the numbers of control vertices as lists of floats.

@@ -104,10 +104,10 @@ bool XPolygonMesh::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XPolygonMesh::ReadChunk(XTextReader& in)
+bool XPolygonMesh::ReadFields(XTextReader& in)
 {
     XString pointSet;
-    if (!XGeometry::ReadChunk(in) || !Expect("point_index_set", in, kSource, 1) ||
+    if (!XGeometry::ReadFields(in) || !Expect("point_index_set", in, kSource, 1) ||
         !ReadQuotedUnchecked(in, pointSet) || !ReadPolyCounts(in))
         return false;
 
@@ -125,7 +125,7 @@ bool XPolygonMesh::ReadChunk(XTextReader& in)
     for (u32 i = 0; i < count; ++i)
         if (!ReadVertexSet(in))
             return false;
-    return in.IsGood();
+    return true;
 }
 
 bool XPolygonMesh::ReadPolyCounts(XTextReader& in)

@@ -103,15 +103,15 @@ void XRampShader::WriteRamp(u32 ramp, XTextWriter& out) const
 }
 
 // Below version 4 a shader held no ramps.
-bool XRampShader::ReadChunk(XTextReader& in)
+bool XRampShader::ReadFields(XTextReader& in)
 {
-    if (!XNodeClass::ReadChunk(in))
+    if (!XNodeClass::ReadFields(in))
         return false;
     Clear();
     for (u32 ramp = 0; ramp < kNumRamps && !IsFromOlderFile(*this); ++ramp)
         if (!ReadRamp(ramp, in))
             return false;
-    return in.IsGood();
+    return true;
 }
 
 bool XRampShader::ReadRamp(u32 ramp, XTextReader& in)

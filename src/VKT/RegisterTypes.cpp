@@ -125,7 +125,7 @@ struct TypeRow {
 template <class Node>
 constexpr bool kHasTextCode =
     std::is_same_v<decltype(&Node::WriteChunk), bool (Node::*)(XTextWriter&) const> ||
-    std::is_same_v<decltype(&Node::ReadChunk), bool (Node::*)(XTextReader&)>;
+    std::is_same_v<decltype(&Node::ReadFields), bool (Node::*)(XTextReader&)>;
 template <class Node>
 constexpr bool kHasBinaryCode = std::is_same_v<decltype(&Node::DoData), bool (Node::*)(XFileIO&)>;
 

@@ -80,9 +80,9 @@ bool XSkinCluster::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XSkinCluster::ReadChunk(XTextReader& in)
+bool XSkinCluster::ReadFields(XTextReader& in)
 {
-    if (!XNodeClass::ReadChunk(in) || !Expect("num_influences", in, kSource, 1))
+    if (!XNodeClass::ReadFields(in) || !Expect("num_influences", in, kSource, 1))
         return false;
     u32 count = 0;
     in.Read(count);

@@ -38,9 +38,9 @@ public:
 
     void DoCopy(const XBase*) override {}
     bool WriteChunk(XTextWriter& out) const override { return NodeClass::WriteChunk(out) && WriteBody(out); }
-    bool ReadChunk(XTextReader& in) override
+    bool ReadFields(XTextReader& in)
     {
-        return NodeClass::ReadChunk(in) && (ReadBody(in) || ReadRawBody(in, m_Data));
+        return NodeClass::ReadFields(in) && (ReadBody(in) || ReadRawBody(in, m_Data));
     }
 
     virtual bool WriteBody(XTextWriter& out) const

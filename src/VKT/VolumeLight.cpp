@@ -44,9 +44,9 @@ bool XVolumeLight::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XVolumeLight::ReadChunk(XTextReader& in)
+bool XVolumeLight::ReadFields(XTextReader& in)
 {
-    return XNodeClass::ReadChunk(in) &&                                      //
+    return XNodeClass::ReadFields(in) &&                                     //
            Expect("color_ramp", in, kSource, 3) && m_ColourRamp.Read(in) &&  //
            Expect("penumbra_ramp", in, kSource, 4) && m_PenumbraRamp.Read(in);
 }

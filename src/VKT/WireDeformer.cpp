@@ -110,9 +110,9 @@ bool XWireDeformer::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
-bool XWireDeformer::ReadChunk(XTextReader& in)
+bool XWireDeformer::ReadFields(XTextReader& in)
 {
-    if (!XNodeClass::ReadChunk(in) || !Expect("num_wires", in, kSource, 4))
+    if (!XNodeClass::ReadFields(in) || !Expect("num_wires", in, kSource, 4))
         return false;
     const bool isOld = IsFromOlderFile(*this);
     u32 count = 0;
@@ -130,7 +130,7 @@ bool XWireDeformer::ReadChunk(XTextReader& in)
             return false;
         m_Wires.push_back(wire);
     }
-    return in.IsGood();
+    return true;
 }
 
 // Kept on purpose: `wires` and `base_wires` share a number, so that the latter are known

@@ -209,6 +209,7 @@ TEST_F(AnimCycle, NumbersThatAreNoneAreLogged)
         {"num_keys 1", "Expected } got  [.\\src\\VKT\\AnimCycle:8]"},
         {"num_curves 1", "Expected } got  [.\\src\\VKT\\AnimCycle:8]"},
         {"node 3", "Expected num_curves got  [.\\src\\VKT\\AnimCycle:10]"},
+        {"fps 24", "Expected BONE_ANIM got  [.\\src\\VKT\\AnimCycle:6]"},
         {"BONE_ANIM 7", "Expected } got  [.\\src\\VKT\\AnimCycle:8]"},
     };
     for (const auto& [what, expected] : cases) {

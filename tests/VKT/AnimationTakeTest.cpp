@@ -181,6 +181,12 @@ TEST_F(AnimationTake, EachWrongKeyIsLogged)
     }
 }
 
+TEST_F(AnimationTake, NumberThatIsNoneIsSeenAtTheNextKey)
+{
+    EXPECT_FALSE(ReadText(m_Take, Replaced(kText, "current_time 11", "current_time x")));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected num_animated_nodes got  [.\\src\\VKT\\AnimationTake:5]\n");
+}
+
 TEST_F(AnimationTake, EndOfTheInputInPlaceOfAnAttributeIsLogged)
 {
     const std::string text = kText;

@@ -99,6 +99,17 @@ TEST_F(BodyTableOlder, OwnRowsOfDerivedClassesFollowTheOldBody)
     EXPECT_EQ(TextOf(fromBytes), TextOf(fromText));
 }
 
+TEST_F(BodyTableOlder, NumberThatIsNoneIsSeenAtTheNextKeyOfADerivedClass)
+{
+    Refined node(&m_Model);
+    EXPECT_FALSE(ReadText(node, "hue 2 3 4 5 input 6 gloss x polish 13"));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected polish got  [.\\src\\VKT\\Refined:1]\n");
+    m_Log.Clear();
+    MakeOlder();
+    EXPECT_FALSE(ReadText(node, Replaced(kOldText, "shine 12", "shine x") + " polish 13"));
+    EXPECT_EQ(m_Log.Text(), "Error : Expected polish got  [.\\src\\VKT\\Refined:1]\n");
+}
+
 TEST_F(BodyTableOlder, OldBodyIsNeverWritten)
 {
     MakeOlder();

@@ -131,7 +131,8 @@ TEST_F(NodeCollection, WrongKeysAreLogged)
     EXPECT_FALSE(ReadText(m_Set, Replaced(kSetText, "items 3", "items 4294967295")));
     EXPECT_EQ(m_Log.Text(),
               "Error : Expected num_items got items [.\\src\\VKT\\NodeCollection:1]\n"
-              "Error : Expected annotation got remark [.\\src\\VKT\\ObjectSet:1]\n");
+              "Error : Expected annotation got remark [.\\src\\VKT\\ObjectSet:1]\n"
+              "Error : Expected annotation got  [.\\src\\VKT\\ObjectSet:1]\n");
 }
 
 // Kept on purpose.

@@ -264,6 +264,8 @@ TEST_F(PolygonMeshText, WrongKeysAreLogged)
         const char* with;
         const char* message;
     } cases[] = {
+        {"intermediate_object 0", "intermediate_object x",
+         "point_index_set got  [.\\src\\VKT\\PolygonMesh:1]"},
         {"point_index_set", "Wrong", "point_index_set got wrong [.\\src\\VKT\\PolygonMesh:1]"},
         {"POLY_COUNTS", "Wrong", "POLY_COUNTS got wrong [.\\src\\VKT\\PolygonMesh:2]"},
         {"POLY_COUNTS 2\n\t{", "POLY_COUNTS 2\n\t[", "{ got [ [.\\src\\VKT\\PolygonMesh:3]"},
