@@ -57,8 +57,7 @@ bool XBone::AddChild(XBone* child)
     if (!child || child == this || !GetModel()->Holds(*child))
         return false;
     XBoneLinks& links = GetModel()->m_BoneLinks;
-    const bool linksAgree = links.Agree(*GetModel());
-    if (linksAgree ? child->IsBelow(*this) : HasDescendant(child)) {
+    if (links.IsBelow(*GetModel(), *child, *this)) {
         GetLogger()->LogFormat(
             kError,
             "Cannot add \"%s\" as a child, since it is already a child of \"%s\" or one of it's children....",
@@ -67,31 +66,17 @@ bool XBone::AddChild(XBone* child)
     }
     // Nothing is below a child without children, so that long chains build from the top
     // without a walk for each bone.
-    if (!child->m_Children.empty() && (linksAgree ? IsBelow(*child) : child->HasDescendant(this))) {
+    if (!child->m_Children.empty() && links.IsBelow(*GetModel(), *this, *child)) {
         GetLogger()->LogFormat(kError,
                                "Cannot add \"%s\" as a child, since it is a parent of this node \"%s\" or "
                                "one of it's children....",
                                child->GetName(), GetName());
         return false;
     }
-    if (child->m_Parent != 0)
-        links.Change();  // the former parent goes on listing it
+    links.Move(*GetModel(), *child);
     m_Children.push_back(child->GetID());
     child->m_Parent = GetID();
     return true;
-}
-
-// Whether the way up from this bone meets `bone`: `HasDescendant` from the other side.
-bool XBone::IsBelow(const XBone& bone) const
-{
-    std::unordered_set<u32, XIdHash> seen;
-    for (u32 id = m_Parent; id != 0 && seen.insert(id).second;) {
-        if (id == bone.GetID())
-            return true;
-        const XBone* above = XCast<XBone>(GetModel()->FindNode(id));
-        id = above ? above->m_Parent : 0;
-    }
-    return false;
 }
 
 bool XBone::AddChildren(const XBoneList& children)
@@ -99,10 +84,11 @@ bool XBone::AddChildren(const XBoneList& children)
     for (const XBone* child : children)
         if (!child || !GetModel()->Holds(*child))
             return false;
-    m_Children.resize(children.size());
-    std::transform(children.begin(), children.end(), m_Children.begin(),
+    XIndexList ids(children.size());
+    std::transform(children.begin(), children.end(), ids.begin(),
                    [](const XBone* child) { return child->GetID(); });
-    GetModel()->m_BoneLinks.Change();
+    GetModel()->m_BoneLinks.Relist(*GetModel(), *this, m_Children, ids);
+    m_Children = std::move(ids);
     return true;
 }
 
@@ -251,6 +237,8 @@ bool XBone::NodeDeath(u32 id)
         instance->DropMaterial(id);
     }
     const auto child = std::find(m_Children.begin(), m_Children.end(), id);
+    if (child != m_Children.end() || m_Parent == id)
+        GetModel()->m_BoneLinks.Invalidate();
     if (child != m_Children.end())
         m_Children.erase(child);
     if (m_Parent == id)
@@ -278,7 +266,7 @@ void XBone::DoCopy(const XBase* source)
     if (!other || other == this)
         return;
     if (m_Parent != 0 || !m_Children.empty())
-        GetModel()->m_BoneLinks.Change();
+        GetModel()->m_BoneLinks.Invalidate();
     XNodeClass::DoCopy(source);
     m_Rotation = other->m_Rotation;
     m_Translate = other->m_Translate;

@@ -113,7 +113,6 @@ private:
     friend class XModel;
     friend class XBoneWalk;
 
-    bool IsBelow(const XBone& bone) const;
     void ResetCurrent();
     f32* FindLimit(u32 index);
     bool DoInstances(XFileIO& file);

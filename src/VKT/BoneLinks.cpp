@@ -1,38 +1,86 @@
 #include "VKT/BoneLinks.h"
 
-#include <unordered_set>
+#include <algorithm>
 
 #include "VKT/Bone.h"
 #include "VKT/Model.h"
 
 namespace VKT {
-namespace {
 
-bool ListsAgreeWithParents(const XModel& model)
+bool XBoneLinks::IsBelow(const XModel& model, const XBone& bone, const XBone& top)
 {
-    std::unordered_set<u32, XIdHash> listed;
-    std::size_t withParent = 0;
-    for (const auto& [name, node] : model.GetNodes()) {
-        const XBone* const bone = XCast<XBone>(node);
-        if (!bone)
+    Compare(model);
+    if (bone.GetParentId() == 0 && m_OtherListers.empty())
+        return false;
+    std::unordered_set<u32, XIdHash> seen;
+    XIndexList pending{bone.GetID()};
+    while (!pending.empty()) {
+        const u32 id = pending.back();
+        pending.pop_back();
+        const XBone* const below = XCast<XBone>(model.FindNode(id));
+        if (!below || !seen.insert(id).second)
             continue;
-        withParent += bone->GetParent() ? 1 : 0;
-        for (const u32 id : bone->GetChildIds()) {
-            const XBone* const child = XCast<XBone>(model.FindNode(id));
-            if (child && (child->GetParentId() != bone->GetID() || !listed.insert(id).second))
-                return false;
-        }
+        const std::size_t first = pending.size();
+        if (below->GetParentId() != 0 && !m_Unlisted.contains(id))
+            pending.push_back(below->GetParentId());
+        if (const auto others = m_OtherListers.find(id); others != m_OtherListers.end())
+            pending.insert(pending.end(), others->second.begin(), others->second.end());
+        if (std::find(pending.begin() + static_cast<std::ptrdiff_t>(first), pending.end(), top.GetID()) !=
+            pending.end())
+            return true;
     }
-    return listed.size() == withParent;
+    return false;
 }
 
-}  // namespace
-
-bool XBoneLinks::Agree(const XModel& model)
+void XBoneLinks::Move(const XModel& model, const XBone& bone)
 {
-    if (m_State == kUnknown)
-        m_State = ListsAgreeWithParents(model) ? kAgree : kDisagree;
-    return m_State == kAgree;
+    Compare(model);
+    if (m_Unlisted.erase(bone.GetID()) == 0 && bone.GetParent())
+        AddLister(bone.GetID(), bone.GetParentId());
+}
+
+void XBoneLinks::Relist(const XModel& model, const XBone& bone, const XIndexList& before,
+                        const XIndexList& after)
+{
+    Compare(model);
+    const auto isParentOf = [&](u32 child) {
+        const XBone* const each = XCast<XBone>(model.FindNode(child));
+        return each && each->GetParentId() == bone.GetID();
+    };
+    for (const u32 child : before) {
+        if (isParentOf(child))
+            m_Unlisted.insert(child);
+        else if (const auto others = m_OtherListers.find(child); others != m_OtherListers.end())
+            std::erase(others->second, bone.GetID());
+    }
+    for (const u32 child : after) {
+        if (isParentOf(child))
+            m_Unlisted.erase(child);
+        else
+            AddLister(child, bone.GetID());
+    }
+}
+
+void XBoneLinks::AddLister(u32 bone, u32 lister)
+{
+    XIndexList& listers = m_OtherListers[bone];
+    if (std::find(listers.begin(), listers.end(), lister) == listers.end())
+        listers.push_back(lister);
+}
+
+void XBoneLinks::Compare(const XModel& model)
+{
+    if (m_IsKnown)
+        return;
+    m_IsKnown = true;
+    m_OtherListers.clear();
+    m_Unlisted.clear();
+    for (const auto& [name, node] : model.GetNodes())
+        if (const XBone* const bone = XCast<XBone>(node); bone && bone->GetParent())
+            m_Unlisted.insert(bone->GetID());
+    for (const auto& [name, node] : model.GetNodes())
+        if (const XBone* const bone = XCast<XBone>(node))
+            Relist(model, *bone, {}, bone->GetChildIds());
 }
 
 }  // namespace VKT

@@ -1,23 +1,41 @@
 #pragma once
 
+#include <unordered_map>
+#include <unordered_set>
+
+#include "VKT/IdMap.h"
+#include "VKT/Lists.h"
+
 namespace VKT {
 
+class XBone;
 class XModel;
 
-// Whether the bones of a document tell the same of their hierarchy from below and from
-// above: each bone stands once in the list of its parent and in no other list. Then the
-// question what is below a bone is answered by a walk up, which is short, in place of one
-// down, which costs the square of a wide tree when it is asked for each of its bones.
+// Who lists a bone as its child. Nearly always that is its parent alone, so only where the
+// lists of children and the parents differ is anything kept here: after `AddChildren`, which
+// leaves the parents alone, after a child has moved, which its former parent goes on listing,
+// and after the load of a damaged file.
 //
-// `XBone::AddChild` to bones that have no parent keeps the agreement. Everything else that
-// moves a link says so, and the next question looks at all bones, once.
+// It answers by a walk up what is below a bone. A walk down, for each of the bones that are
+// hung below one, would cost the square of their number.
 class XBoneLinks {
 public:
-    void Change() { m_State = kUnknown; }
-    bool Agree(const XModel& model);
+    // Whether the lists lead from `top` down to `bone`, at any depth.
+    bool IsBelow(const XModel& model, const XBone& bone, const XBone& top);
+    // `bone` gets another parent, which lists it.
+    void Move(const XModel& model, const XBone& bone);
+    // The list of `bone` goes from `before` to `after`.
+    void Relist(const XModel& model, const XBone& bone, const XIndexList& before, const XIndexList& after);
+    // Links came or went otherwise: the next question looks at all bones once.
+    void Invalidate() { m_IsKnown = false; }
 
 private:
-    enum State { kAgree, kUnknown, kDisagree } m_State = kAgree;
+    void Compare(const XModel& model);
+    void AddLister(u32 bone, u32 lister);
+
+    bool m_IsKnown = true;
+    std::unordered_map<u32, XIndexList, XIdHash> m_OtherListers;  // than its parent, by bone
+    std::unordered_set<u32, XIdHash> m_Unlisted;                  // bones whose parent does not list them
 };
 
 }  // namespace VKT

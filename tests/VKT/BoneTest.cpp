@@ -153,6 +153,51 @@ TEST_F(Bone, ListsDecideWhatIsBelow)
     EXPECT_EQ(a.GetChildIds(), XIndexList{dropped.GetID()});
 }
 
+// What `XBoneLinks` answers is what `HasDescendant` finds in the lists.
+TEST_F(Bone, LinksAreKnownWhateverHasMovedThem)
+{
+    m_Model.GetCopyFlags().Clear(CopyChildren);  // the number of bones stays
+    XBoneList bones;
+    for (int i = 0; i < 8; ++i)
+        bones.push_back(&New(("bone" + std::to_string(i)).c_str()));
+    u32 seed = 1;
+    const auto pick = [&](std::size_t below) {
+        seed = seed * 1664525u + 1013904223u;
+        return static_cast<std::size_t>(seed >> 16) % below;
+    };
+    int added = 0;
+    int refused = 0;
+    for (int step = 0; step < 4000; ++step) {
+        XBone& bone = *bones[pick(bones.size())];
+        switch (pick(16)) {
+            case 0:
+                bone.AddChildren({bones[pick(bones.size())], bones[pick(bones.size())]});
+                break;
+            case 1:
+            case 2:
+                bone.AddChildren({});
+                break;
+            case 3:
+                bone.NodeDeath(bones[pick(bones.size())]->GetID());
+                break;
+            case 4:
+                bone.DoCopy(bones[pick(bones.size())]);
+                break;
+            default: {
+                XBone& child = *bones[pick(bones.size())];
+                if (&child == &bone)
+                    break;
+                const bool mayAdd = !bone.HasDescendant(&child) && !child.HasDescendant(&bone);
+                ASSERT_EQ(bone.AddChild(&child), mayAdd) << step;
+                ++(mayAdd ? added : refused);
+            }
+        }
+        m_Log.Clear();
+    }
+    EXPECT_GT(added, 500);
+    EXPECT_GT(refused, 500);
+}
+
 TEST_F(Bone, ListsOfAFileDecideWhatIsBelow)
 {
     XBone& a = New("a");

@@ -8,6 +8,7 @@
 #include "VKT/AnimCurve.h"
 #include "VKT/AnimCycle.h"
 #include "VKT/Attribute.h"
+#include "VKT/Bone.h"
 #include "VKT/Locator.h"
 #include "VKT/NodeTest.h"
 #include "VKT/samples/Samples.h"
@@ -187,6 +188,27 @@ TEST_F(Growth, KeysAreAppendedInLinearTime)
     };
     const double ten = append(10, 20'000);
     EXPECT_LT(append(1, 200'000), 5 * ten);
+}
+
+TEST_F(Growth, BonesAreHungAndMovedInLinearTime)
+{
+    const auto move = [](u32 numDocuments, u32 numBones) {
+        return BestOfThree([=] {
+            for (u32 document = 0; document < numDocuments; ++document) {
+                XModel model;
+                XBone& first = *model.CreateNode<XBone>();
+                XBone& second = *model.CreateNode<XBone>();
+                for (u32 i = 0; i < numBones; ++i)
+                    EXPECT_TRUE(first.AddChild(model.CreateNode<XBone>()));
+                XBoneList children;
+                first.ListChildren(children);
+                for (XBone* child : children)
+                    EXPECT_TRUE(second.AddChild(child));
+            }
+        });
+    };
+    const double ten = move(10, 2'000);
+    EXPECT_LT(move(1, 20'000), 3 * ten);
 }
 
 TEST_F(Growth, RenamesTakeNoWalkOverTheDocument)
