@@ -67,11 +67,9 @@ int Convert(const ConvertRequest& request, Log& log)
 {
     log.SetVerbose(request.verbose);
     const FileForm form = FormFor(request);  // asked first: OUT may be IN
-    log.ShowProgress("reading " + request.in);
     VKT::XModel model;
-    const VKT::XFileResult result = model.Load(request.in.c_str(), !request.noCycles);
-    if (result != VKT::FileOk)
-        return log.SayLoadFailed(request.in, result);
+    if (const int failure = LoadScene(model, request.in, log, !request.noCycles))
+        return failure;
     SayDropped(request.in, "chunk", model.GetNumDroppedChunks(), model.GetDroppedChunks(), log);
     SayDropped(request.in, "reference", model.GetNumDroppedReferences(), model.GetDroppedReferences(), log);
     if (request.strict && model.GetNumDroppedChunks() + model.GetNumDroppedReferences() > 0)

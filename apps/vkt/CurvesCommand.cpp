@@ -11,6 +11,7 @@
 #include "Output.h"
 #include "Plot.h"
 #include "ReplacedFile.h"
+#include "SceneFile.h"
 #include "TerminalText.h"
 #include "VKT/AnimCycle.h"
 #include "VKT/AnimationTake.h"
@@ -102,11 +103,9 @@ int Write(const std::string& text, const std::string& path, Log& log)
 int DrawCurves(const CurvesRequest& request, Log& log)
 {
     log.SetVerbose(request.verbose);
-    log.ShowProgress("reading " + request.file);
     VKT::XModel model;
-    const VKT::XFileResult result = model.Load(request.file.c_str());
-    if (result != VKT::FileOk)
-        return log.SayLoadFailed(request.file, result);
+    if (const int failure = LoadScene(model, request.file, log))
+        return failure;
     const VKT::XAnimationTake* const take = ChooseTake(model, request, log);
     if (!take)
         return kFailure;

@@ -6,6 +6,7 @@
 #include "Differences.h"
 #include "Log.h"
 #include "Output.h"
+#include "SceneFile.h"
 #include "TerminalText.h"
 #include "VKT/Model.h"
 
@@ -23,10 +24,8 @@ struct DiffRequest {
 // Answers the exit status.
 int Load(VKT::XModel& model, const std::string& path, Log& log)
 {
-    log.ShowProgress("reading " + path);
-    const VKT::XFileResult result = model.Load(path.c_str());
-    if (result != VKT::FileOk)
-        return log.SayLoadFailed(path, result);
+    if (const int failure = LoadScene(model, path, log))
+        return failure;
     if (const VKT::u32 count = model.GetNumDroppedChunks())
         log.Say(Quoted(path) + ": " + Counted(count, "chunk") + " cannot be read and " +
                 (count == 1 ? "is" : "are") + " not compared");

@@ -5,6 +5,7 @@
 #include "Command.h"
 #include "Log.h"
 #include "Output.h"
+#include "SceneFile.h"
 #include "Summary.h"
 #include "VKT/Model.h"
 
@@ -20,11 +21,9 @@ struct InfoRequest {
 int ShowInfo(const InfoRequest& request, Log& log)
 {
     log.SetVerbose(request.verbose);
-    log.ShowProgress("reading " + request.file);
     VKT::XModel model;
-    const VKT::XFileResult result = model.Load(request.file.c_str());
-    if (result != VKT::FileOk)
-        return log.SayLoadFailed(request.file, result);
+    if (const int failure = LoadScene(model, request.file, log))
+        return failure;
     log.Flush();
     const Summary summary = Summarise(model, request.file);
     return WriteResult(request.json ? ToJson(summary) : ToText(summary)) ? kSuccess : kFailure;

@@ -5,11 +5,19 @@
 #include <filesystem>
 #include <memory>
 
+#include "Log.h"
 #include "TerminalText.h"
 #include "VKT/FnRegistry.h"
 #include "VKT/Model.h"
 
 namespace tool {
+
+int LoadScene(VKT::XModel& model, const std::string& path, Log& log, bool loadCycles)
+{
+    log.ShowProgress("reading " + path);
+    const VKT::XFileResult result = model.Load(path.c_str(), loadCycles);
+    return result == VKT::FileOk ? 0 : log.SayLoadFailed(path, result);
+}
 
 std::optional<FileForm> FormOf(const std::string& path)
 {

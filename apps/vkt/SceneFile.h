@@ -8,6 +8,7 @@
 namespace VKT {
 struct XDroppedChunk;
 struct XDroppedReference;
+class XModel;
 }  // namespace VKT
 
 namespace CLI {
@@ -15,6 +16,11 @@ class Validator;
 }
 
 namespace tool {
+
+class Log;
+
+// Loads a scene file, and says so when that fails. Answers 0, or the exit status.
+int LoadScene(VKT::XModel& model, const std::string& path, Log& log, bool loadCycles = true);
 
 enum class FileForm { Text, Binary };
 

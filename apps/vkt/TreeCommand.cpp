@@ -5,6 +5,7 @@
 #include "Command.h"
 #include "Log.h"
 #include "Output.h"
+#include "SceneFile.h"
 #include "TreeText.h"
 #include "VKT/Model.h"
 
@@ -19,11 +20,9 @@ struct TreeRequest {
 int ShowTree(const TreeRequest& request, Log& log)
 {
     log.SetVerbose(request.verbose);
-    log.ShowProgress("reading " + request.file);
     VKT::XModel model;
-    const VKT::XFileResult result = model.Load(request.file.c_str());
-    if (result != VKT::FileOk)
-        return log.SayLoadFailed(request.file, result);
+    if (const int failure = LoadScene(model, request.file, log))
+        return failure;
     log.Flush();
     return WriteResult(DrawTree(model)) ? kSuccess : kFailure;
 }

@@ -6,6 +6,7 @@
 #include "Command.h"
 #include "Log.h"
 #include "Output.h"
+#include "SceneFile.h"
 #include "VKT/Model.h"
 #include "Validation.h"
 
@@ -20,11 +21,9 @@ struct ValidateRequest {
 int ShowFindings(const ValidateRequest& request, Log& log)
 {
     log.SetVerbose(request.verbose);
-    log.ShowProgress("reading " + request.file);
     VKT::XModel model;
-    const VKT::XFileResult result = model.Load(request.file.c_str());
-    if (result != VKT::FileOk)
-        return log.SayLoadFailed(request.file, result);
+    if (const int failure = LoadScene(model, request.file, log))
+        return failure;
     log.ShowProgress("checking");
     const std::vector<Finding> findings = Validate(model);
     log.Flush();
