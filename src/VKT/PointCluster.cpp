@@ -71,7 +71,7 @@ bool XPointCluster::ReadPoints(XTextReader& in, const char* sourceName)
         m_Points.push_back(point);
         m_Weights.push_back(weight);
     }
-    return in.IsGood();
+    return true;
 }
 
 }  // namespace VKT
