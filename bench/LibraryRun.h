@@ -4,8 +4,8 @@
 #include <functional>
 
 #include "Measure.h"
-#include "VKT/Model.h"
-#include "VKT/NumberText.h"  // or the one in from_chars/VKT
+#include "VKT/document/Model.h"
+#include "VKT/stream/NumberText.h"  // or the one in from_chars/VKT
 
 namespace Bench {
 

@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "VKT/FnRegistry.h"
+#include "VKT/node/FnRegistry.h"
 
 namespace Bench {
 namespace {

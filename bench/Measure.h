@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "VKT/Types.h"
+#include "VKT/base/Types.h"
 
 // What every benchmark program shares: the clock, the memory meter, checksums and the
 // one line that it prints.

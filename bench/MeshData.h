@@ -3,8 +3,8 @@
 #include <string_view>
 
 #include "Measure.h"
-#include "VKT/Model.h"
-#include "VKT/PolygonMesh.h"
+#include "VKT/document/Model.h"
+#include "VKT/geometry/PolygonMesh.h"
 
 namespace Bench {
 

@@ -4,11 +4,11 @@
 // translation, rotation and scale are sampled in 600 frames each.
 
 #include "LibraryRun.h"
-#include "VKT/AnimatedAttribute.h"
-#include "VKT/AnimatedNode.h"
-#include "VKT/AnimationTake.h"
-#include "VKT/Bone.h"
-#include "VKT/SampledStream.h"
+#include "VKT/animation/AnimatedAttribute.h"
+#include "VKT/animation/AnimatedNode.h"
+#include "VKT/animation/AnimationTake.h"
+#include "VKT/animation/SampledStream.h"
+#include "VKT/hierarchy/Bone.h"
 
 namespace Bench {
 namespace {

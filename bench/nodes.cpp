@@ -7,7 +7,7 @@
 #include <cstdlib>
 
 #include "LibraryRun.h"
-#include "VKT/Bone.h"
+#include "VKT/hierarchy/Bone.h"
 
 namespace Bench {
 namespace {

@@ -4,10 +4,10 @@
 // down to four, or what it takes to copy the weights: the least that it has to do.
 
 #include "Measure.h"
-#include "VKT/Bone.h"
-#include "VKT/Model.h"
-#include "VKT/PolygonMesh.h"
-#include "VKT/SkinCluster.h"
+#include "VKT/deformers/SkinCluster.h"
+#include "VKT/document/Model.h"
+#include "VKT/geometry/PolygonMesh.h"
+#include "VKT/hierarchy/Bone.h"
 #include "utils/SkinPruner.h"
 
 namespace Bench {

@@ -4,8 +4,8 @@
 // four weights each, of a hundred bones.
 
 #include "LibraryRun.h"
-#include "VKT/Bone.h"
-#include "VKT/SkinCluster.h"
+#include "VKT/deformers/SkinCluster.h"
+#include "VKT/hierarchy/Bone.h"
 
 namespace Bench {
 namespace {

@@ -2,11 +2,11 @@
 
 #include <cstdio>
 
-#include "VKT/Bone.h"
-#include "VKT/FnRegistry.h"
-#include "VKT/Lambert.h"
-#include "VKT/Model.h"
-#include "VKT/PolygonMesh.h"
+#include "VKT/document/Model.h"
+#include "VKT/geometry/PolygonMesh.h"
+#include "VKT/hierarchy/Bone.h"
+#include "VKT/node/FnRegistry.h"
+#include "VKT/shading/Lambert.h"
 
 int main(int argc, char** argv)
 {

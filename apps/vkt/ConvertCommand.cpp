@@ -8,7 +8,7 @@
 #include "ReplacedFile.h"
 #include "SceneFile.h"
 #include "TerminalText.h"
-#include "VKT/Model.h"
+#include "VKT/document/Model.h"
 
 namespace tool {
 namespace {

@@ -13,9 +13,9 @@
 #include "ReplacedFile.h"
 #include "SceneFile.h"
 #include "TerminalText.h"
-#include "VKT/AnimCycle.h"
-#include "VKT/AnimationTake.h"
-#include "VKT/Model.h"
+#include "VKT/animation/AnimCycle.h"
+#include "VKT/animation/AnimationTake.h"
+#include "VKT/document/Model.h"
 
 namespace tool {
 namespace {

@@ -11,9 +11,9 @@
 #include "FieldDifferences.h"
 #include "NodeNames.h"
 #include "TerminalText.h"
-#include "VKT/AnimCycle.h"
-#include "VKT/FnRegistry.h"
-#include "VKT/Model.h"
+#include "VKT/animation/AnimCycle.h"
+#include "VKT/document/Model.h"
+#include "VKT/node/FnRegistry.h"
 
 namespace tool {
 namespace {

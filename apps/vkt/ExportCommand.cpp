@@ -15,7 +15,7 @@
 #include "ReplacedFile.h"
 #include "SceneFile.h"
 #include "TerminalText.h"
-#include "VKT/Model.h"
+#include "VKT/document/Model.h"
 #include "host/core/HeadlessHost.h"
 #include "host/io/BuildScene.h"
 #include "host/io/SceneReader.h"

@@ -10,9 +10,9 @@
 
 #include "TerminalText.h"
 #include "TransformLoss.h"
-#include "VKT/Bone.h"
-#include "VKT/Model.h"
-#include "VKT/PolygonMesh.h"
+#include "VKT/document/Model.h"
+#include "VKT/geometry/PolygonMesh.h"
+#include "VKT/hierarchy/Bone.h"
 
 namespace tool {
 namespace {

@@ -5,8 +5,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "VKT/FileResult.h"
-#include "VKT/Logger.h"
+#include "VKT/base/FileResult.h"
+#include "VKT/base/Logger.h"
 
 namespace tool {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "VKT/Logger.h"
+#include "VKT/base/Logger.h"
 
 namespace tool {
 

@@ -4,9 +4,9 @@
 #include <charconv>
 
 #include "MessageCatcher.h"
-#include "VKT/AnimCycle.h"
-#include "VKT/ExtraAttributes.h"
-#include "VKT/TextWriter.h"
+#include "VKT/animation/AnimCycle.h"
+#include "VKT/node/ExtraAttributes.h"
+#include "VKT/stream/TextWriter.h"
 
 namespace tool {
 namespace {

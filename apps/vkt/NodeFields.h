@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "VKT/Types.h"
+#include "VKT/base/Types.h"
 
 namespace VKT {
 class XBase;

@@ -1,10 +1,10 @@
 #include "NodeNames.h"
 
 #include "TerminalText.h"
-#include "VKT/FnRegistry.h"
-#include "VKT/InheritedNode.h"
-#include "VKT/NewNode.h"
-#include "VKT/UserNode.h"
+#include "VKT/document/InheritedNode.h"
+#include "VKT/document/NewNode.h"
+#include "VKT/node/FnRegistry.h"
+#include "VKT/registry/UserNode.h"
 
 namespace tool {
 

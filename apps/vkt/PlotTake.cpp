@@ -5,11 +5,11 @@
 #include "Plot.h"
 #include "PlotAxis.h"
 #include "TerminalText.h"
-#include "VKT/AnimationTake.h"
-#include "VKT/CurveEvaluator.h"
-#include "VKT/FCurveStream.h"
-#include "VKT/PoseStream.h"
-#include "VKT/SampledStream.h"
+#include "VKT/animation/AnimationTake.h"
+#include "VKT/animation/CurveEvaluator.h"
+#include "VKT/animation/FCurveStream.h"
+#include "VKT/animation/PoseStream.h"
+#include "VKT/animation/SampledStream.h"
 
 namespace tool {
 namespace {

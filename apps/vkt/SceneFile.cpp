@@ -7,8 +7,8 @@
 
 #include "Log.h"
 #include "TerminalText.h"
-#include "VKT/FnRegistry.h"
-#include "VKT/Model.h"
+#include "VKT/document/Model.h"
+#include "VKT/node/FnRegistry.h"
 
 namespace tool {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "VKT/Types.h"
+#include "VKT/base/Types.h"
 
 namespace VKT {
 struct XDroppedChunk;

@@ -3,12 +3,12 @@
 #include <cstdio>
 
 #include "NodeNames.h"
-#include "VKT/AnimCycle.h"
-#include "VKT/AnimationTake.h"
-#include "VKT/Deformer.h"
-#include "VKT/FnRegistry.h"
-#include "VKT/Geometry.h"
-#include "VKT/Model.h"
+#include "VKT/animation/AnimCycle.h"
+#include "VKT/animation/AnimationTake.h"
+#include "VKT/document/Model.h"
+#include "VKT/geometry/Deformer.h"
+#include "VKT/geometry/Geometry.h"
+#include "VKT/node/FnRegistry.h"
 
 namespace tool {
 namespace {

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "SceneFile.h"
-#include "VKT/FileIO.h"
-#include "VKT/Types.h"
+#include "VKT/base/Types.h"
+#include "VKT/stream/FileIO.h"
 
 namespace VKT {
 class XAnimationTake;

@@ -1,8 +1,8 @@
 #include "Summary.h"
-#include "VKT/AnimCycle.h"
-#include "VKT/AnimationTake.h"
-#include "VKT/FCurveStream.h"
-#include "VKT/SampledStream.h"
+#include "VKT/animation/AnimCycle.h"
+#include "VKT/animation/AnimationTake.h"
+#include "VKT/animation/FCurveStream.h"
+#include "VKT/animation/SampledStream.h"
 
 namespace tool {
 namespace {

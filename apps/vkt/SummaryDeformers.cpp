@@ -1,11 +1,11 @@
 #include "NodeNames.h"
 #include "Summary.h"
-#include "VKT/BlendShape.h"
-#include "VKT/Cluster.h"
-#include "VKT/JiggleDeformer.h"
-#include "VKT/JointCluster.h"
-#include "VKT/SkinCluster.h"
-#include "VKT/WireDeformer.h"
+#include "VKT/deformers/BlendShape.h"
+#include "VKT/deformers/Cluster.h"
+#include "VKT/deformers/JiggleDeformer.h"
+#include "VKT/deformers/JointCluster.h"
+#include "VKT/deformers/SkinCluster.h"
+#include "VKT/deformers/WireDeformer.h"
 
 namespace tool {
 namespace {

@@ -2,13 +2,13 @@
 
 #include "NodeNames.h"
 #include "Summary.h"
-#include "VKT/Lattice.h"
-#include "VKT/Mesh.h"
-#include "VKT/MeshVertexColours.h"
-#include "VKT/NurbsCurve.h"
-#include "VKT/NurbsSurface.h"
-#include "VKT/ParticleShape.h"
-#include "VKT/PolygonMesh.h"
+#include "VKT/deformers/Lattice.h"
+#include "VKT/dynamics/ParticleShape.h"
+#include "VKT/geometry/Mesh.h"
+#include "VKT/geometry/MeshVertexColours.h"
+#include "VKT/geometry/NurbsCurve.h"
+#include "VKT/geometry/NurbsSurface.h"
+#include "VKT/geometry/PolygonMesh.h"
 
 namespace tool {
 namespace {

@@ -7,7 +7,7 @@
 #include "Output.h"
 #include "SceneFile.h"
 #include "TreeText.h"
-#include "VKT/Model.h"
+#include "VKT/document/Model.h"
 
 namespace tool {
 namespace {

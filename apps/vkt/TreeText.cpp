@@ -6,10 +6,10 @@
 
 #include "NodeNames.h"
 #include "TerminalText.h"
-#include "VKT/Bone.h"
-#include "VKT/Deformer.h"
-#include "VKT/Geometry.h"
-#include "VKT/Model.h"
+#include "VKT/document/Model.h"
+#include "VKT/geometry/Deformer.h"
+#include "VKT/geometry/Geometry.h"
+#include "VKT/hierarchy/Bone.h"
 
 namespace tool {
 namespace {

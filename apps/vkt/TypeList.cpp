@@ -6,10 +6,10 @@
 #include <memory>
 #include <stdexcept>
 
-#include "VKT/BodyTableText.h"
-#include "VKT/FnRegistry.h"
-#include "VKT/Model.h"
-#include "VKT/TextWriter.h"
+#include "VKT/document/Model.h"
+#include "VKT/node/BodyTableText.h"
+#include "VKT/node/FnRegistry.h"
+#include "VKT/stream/TextWriter.h"
 
 namespace tool {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "VKT/Types.h"
+#include "VKT/base/Types.h"
 
 namespace tool {
 

@@ -7,7 +7,7 @@
 #include "Log.h"
 #include "Output.h"
 #include "SceneFile.h"
-#include "VKT/Model.h"
+#include "VKT/document/Model.h"
 #include "Validation.h"
 
 namespace tool {

@@ -5,8 +5,8 @@
 #include "MessageCatcher.h"
 #include "NodeNames.h"
 #include "TerminalText.h"
-#include "VKT/AnimCycle.h"
-#include "VKT/Model.h"
+#include "VKT/animation/AnimCycle.h"
+#include "VKT/document/Model.h"
 #include "checks/Checks.h"
 
 namespace tool {

@@ -4,7 +4,7 @@
 
 #include "Command.h"
 #include "Log.h"
-#include "VKT/FnRegistry.h"
+#include "VKT/node/FnRegistry.h"
 
 namespace {
 

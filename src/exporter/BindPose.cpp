@@ -1,6 +1,6 @@
 // The pose that a document is saved in, once all nodes have been met.
 
-#include "VKT/Bone.h"
+#include "VKT/hierarchy/Bone.h"
 #include "exporter/ExportCore.h"
 #include "exporter/Pose.h"
 

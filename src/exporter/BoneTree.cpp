@@ -1,7 +1,7 @@
 // How a node becomes a bone: its class, name, place in the tree, pose and visibility.
 
-#include "VKT/Bone.h"
-#include "VKT/Joint.h"
+#include "VKT/hierarchy/Bone.h"
+#include "VKT/hierarchy/Joint.h"
 #include "exporter/ExportCore.h"
 #include "exporter/Pose.h"
 

@@ -1,6 +1,6 @@
 #include "exporter/ExportCore.h"
 
-#include "VKT/Bone.h"
+#include "VKT/hierarchy/Bone.h"
 #include "exporter/ExportOptions.h"
 
 namespace VKTMax {

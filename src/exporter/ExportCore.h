@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "VKT/Model.h"
+#include "VKT/document/Model.h"
 #include "exporter/HostAccess.h"
 #include "exporter/TransformDecomposition.h"
 

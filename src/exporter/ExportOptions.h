@@ -4,7 +4,7 @@
 #include <span>
 #include <variant>
 
-#include "VKT/Types.h"
+#include "VKT/base/Types.h"
 
 namespace VKTMax {
 

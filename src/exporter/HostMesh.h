@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "VKT/Lists.h"
+#include "VKT/base/Lists.h"
 #include "exporter/HostAccess.h"
 
 class Mesh;

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-#include "VKT/FnRegistry.h"
+#include "VKT/node/FnRegistry.h"
 #include "exporter/ExportConfig.h"
 #include "exporter/ExportCore.h"
 #include "exporter/ExportOptions.h"

@@ -1,7 +1,7 @@
 #include "exporter/MeshExport.h"
 
-#include "VKT/Logger.h"
-#include "VKT/PolygonMesh.h"
+#include "VKT/base/Logger.h"
+#include "VKT/geometry/PolygonMesh.h"
 #include "exporter/ExportCore.h"
 #include "exporter/ExportOptions.h"
 

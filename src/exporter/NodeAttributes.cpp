@@ -1,7 +1,7 @@
 // What a node of the host carries beside transform and shape: extra attributes of its bone.
 
-#include "VKT/Attribute.h"
-#include "VKT/Bone.h"
+#include "VKT/hierarchy/Bone.h"
+#include "VKT/node/Attribute.h"
 #include "exporter/ExportCore.h"
 #include "exporter/ExportOptions.h"
 #include "exporter/PropertyText.h"

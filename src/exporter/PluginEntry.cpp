@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "VKT/FnRegistry.h"
+#include "VKT/node/FnRegistry.h"
 #include "exporter/MaxExporter.h"
 #include "exporter/ModuleStrings.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VKT/Bone.h"
+#include "VKT/hierarchy/Bone.h"
 #include "exporter/TransformDecomposition.h"
 
 namespace VKTMax {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "VKT/NumberText.h"
+#include "VKT/stream/NumberText.h"
 
 namespace VKTMax {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "VKT/Instance.h"
-#include "VKT/Shape.h"
+#include "VKT/document/Instance.h"
+#include "VKT/hierarchy/Shape.h"
 #include "exporter/ExportCore.h"
 #include "exporter/ExportOptions.h"
 #include "exporter/MeshExport.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VKT/Quaternion.h"
+#include "VKT/base/Quaternion.h"
 #include "exporter/RowMatrix.h"
 
 namespace VKTMax {

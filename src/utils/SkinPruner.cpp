@@ -5,10 +5,10 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "VKT/Bone.h"
-#include "VKT/Geometry.h"
-#include "VKT/JointCluster.h"
-#include "VKT/SkinCluster.h"
+#include "VKT/deformers/JointCluster.h"
+#include "VKT/deformers/SkinCluster.h"
+#include "VKT/geometry/Geometry.h"
+#include "VKT/hierarchy/Bone.h"
 
 namespace VKU {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "VKT/Lists.h"
-#include "VKT/WeightTable.h"
+#include "VKT/base/Lists.h"
+#include "VKT/deformers/WeightTable.h"
 
 namespace VKT {
 class XGeometry;

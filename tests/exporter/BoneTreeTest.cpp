@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "VKT/Joint.h"
+#include "VKT/hierarchy/Joint.h"
 #include "scenes/ExportScenes.h"
 
 namespace VKTMax {

@@ -1,4 +1,4 @@
-#include "VKT/Attribute.h"
+#include "VKT/node/Attribute.h"
 #include "scenes/ExportScenes.h"
 
 namespace VKTMax {

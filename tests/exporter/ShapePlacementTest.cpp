@@ -1,4 +1,4 @@
-#include "VKT/Lambert.h"
+#include "VKT/shading/Lambert.h"
 #include "scenes/ExportScenes.h"
 
 namespace VKTMax {

@@ -11,8 +11,8 @@
 #include <map>
 #include <set>
 
-#include "VKT/LogCatcher.h"
-#include "VKT/TestModel.h"
+#include "VKT/support/LogCatcher.h"
+#include "VKT/support/TestModel.h"
 #include "exporter/ExportCore.h"
 #include "exporter/ExportOptions.h"
 #include "exporter/MaxExporter.h"

@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "VKT/Bone.h"
-#include "VKT/FnRegistry.h"
-#include "VKT/Model.h"
-#include "VKT/PolygonMesh.h"
+#include "VKT/document/Model.h"
+#include "VKT/geometry/PolygonMesh.h"
+#include "VKT/hierarchy/Bone.h"
+#include "VKT/node/FnRegistry.h"
 #include "exporter/ExportCore.h"
 #include "exporter/ExportOptions.h"
 #include "host/core/HeadlessHost.h"

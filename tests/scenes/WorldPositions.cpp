@@ -10,8 +10,8 @@
 #include <memory>
 #include <set>
 
-#include "VKT/Bone.h"
-#include "VKT/Geometry.h"
+#include "VKT/geometry/Geometry.h"
+#include "VKT/hierarchy/Bone.h"
 
 // An own model of how transforms come out, in double precision and written apart from the
 // exporter: rotations stay rows and no quaternion is made.

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "VKT/Model.h"
+#include "VKT/document/Model.h"
 
 // Compares where the vertices of a document stand with where the host shows them.
 namespace world_positions {

@@ -4,11 +4,11 @@
 #include <initializer_list>
 #include <limits>
 
-#include "VKT/Bone.h"
-#include "VKT/JointCluster.h"
-#include "VKT/NodeTest.h"
-#include "VKT/PolygonMesh.h"
-#include "VKT/SkinCluster.h"
+#include "VKT/deformers/JointCluster.h"
+#include "VKT/deformers/SkinCluster.h"
+#include "VKT/geometry/PolygonMesh.h"
+#include "VKT/hierarchy/Bone.h"
+#include "VKT/support/NodeTest.h"
 
 using namespace VKT;
 using namespace VKT::Test;

@@ -3,11 +3,11 @@
 #include "Checks.h"
 #include "NodeNames.h"
 #include "TerminalText.h"
-#include "VKT/AnimCycle.h"
-#include "VKT/AnimationTake.h"
-#include "VKT/Bone.h"
-#include "VKT/FCurveStream.h"
-#include "VKT/Model.h"
+#include "VKT/animation/AnimCycle.h"
+#include "VKT/animation/AnimationTake.h"
+#include "VKT/animation/FCurveStream.h"
+#include "VKT/document/Model.h"
+#include "VKT/hierarchy/Bone.h"
 
 namespace tool {
 namespace {

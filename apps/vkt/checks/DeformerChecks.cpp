@@ -4,11 +4,11 @@
 #include "Checks.h"
 #include "NodeNames.h"
 #include "TerminalText.h"
-#include "VKT/BlendShape.h"
-#include "VKT/Bone.h"
-#include "VKT/Geometry.h"
-#include "VKT/Model.h"
-#include "VKT/PointCluster.h"
+#include "VKT/deformers/BlendShape.h"
+#include "VKT/deformers/PointCluster.h"
+#include "VKT/document/Model.h"
+#include "VKT/geometry/Geometry.h"
+#include "VKT/hierarchy/Bone.h"
 
 namespace tool {
 namespace {

@@ -4,8 +4,8 @@
 #include <unordered_map>
 #include <utility>
 
-#include "VKT/AnimCycle.h"
-#include "VKT/Model.h"
+#include "VKT/animation/AnimCycle.h"
+#include "VKT/document/Model.h"
 
 namespace tool {
 

@@ -3,8 +3,8 @@
 #include "Checks.h"
 #include "NodeNames.h"
 #include "Rings.h"
-#include "VKT/Bone.h"
-#include "VKT/Model.h"
+#include "VKT/document/Model.h"
+#include "VKT/hierarchy/Bone.h"
 
 namespace tool {
 namespace {

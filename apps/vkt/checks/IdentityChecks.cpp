@@ -2,8 +2,8 @@
 
 #include "Checks.h"
 #include "NodeNames.h"
-#include "VKT/FnRegistry.h"
-#include "VKT/Model.h"
+#include "VKT/document/Model.h"
+#include "VKT/node/FnRegistry.h"
 
 namespace tool {
 

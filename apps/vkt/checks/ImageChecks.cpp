@@ -2,7 +2,7 @@
 
 #include "Checks.h"
 #include "TerminalText.h"
-#include "VKT/Model.h"
+#include "VKT/document/Model.h"
 
 namespace tool {
 namespace {

@@ -5,10 +5,10 @@
 #include "Checks.h"
 #include "NodeNames.h"
 #include "TerminalText.h"
-#include "VKT/Bone.h"
-#include "VKT/Mesh.h"
-#include "VKT/Model.h"
-#include "VKT/PolygonMesh.h"
+#include "VKT/document/Model.h"
+#include "VKT/geometry/Mesh.h"
+#include "VKT/geometry/PolygonMesh.h"
+#include "VKT/hierarchy/Bone.h"
 
 namespace tool {
 namespace {

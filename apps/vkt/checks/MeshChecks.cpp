@@ -5,8 +5,8 @@
 
 #include "Checks.h"
 #include "TerminalText.h"
-#include "VKT/Model.h"
-#include "VKT/PolygonMesh.h"
+#include "VKT/document/Model.h"
+#include "VKT/geometry/PolygonMesh.h"
 
 namespace tool {
 namespace {

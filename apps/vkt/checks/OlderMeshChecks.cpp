@@ -3,9 +3,9 @@
 
 #include "Checks.h"
 #include "TerminalText.h"
-#include "VKT/Mesh.h"
-#include "VKT/MeshVertexColours.h"
-#include "VKT/Model.h"
+#include "VKT/document/Model.h"
+#include "VKT/geometry/Mesh.h"
+#include "VKT/geometry/MeshVertexColours.h"
 
 namespace tool {
 namespace {

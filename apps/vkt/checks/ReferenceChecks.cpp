@@ -7,10 +7,10 @@
 #include "NodeFields.h"
 #include "SceneFile.h"
 #include "TerminalText.h"
-#include "VKT/AnimCycle.h"
-#include "VKT/AnimationTake.h"
-#include "VKT/BlendShape.h"
-#include "VKT/Model.h"
+#include "VKT/animation/AnimCycle.h"
+#include "VKT/animation/AnimationTake.h"
+#include "VKT/deformers/BlendShape.h"
+#include "VKT/document/Model.h"
 
 namespace tool {
 namespace {

@@ -2,13 +2,13 @@
 
 #include "Checks.h"
 #include "Rings.h"
-#include "VKT/Constraint.h"
-#include "VKT/Deformer.h"
-#include "VKT/ExtraAttributes.h"
-#include "VKT/Geometry.h"
-#include "VKT/Model.h"
-#include "VKT/NodeCollection.h"
-#include "VKT/ShadingNode.h"
+#include "VKT/document/Model.h"
+#include "VKT/geometry/Deformer.h"
+#include "VKT/geometry/Geometry.h"
+#include "VKT/node/ExtraAttributes.h"
+#include "VKT/rigging/Constraint.h"
+#include "VKT/rigging/NodeCollection.h"
+#include "VKT/shading/ShadingNode.h"
 
 // Rings of references other than those of the hierarchy.
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "VKT/Base.h"
+#include "VKT/node/Base.h"
 
 namespace tool {
 namespace {

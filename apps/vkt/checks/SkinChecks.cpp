@@ -3,9 +3,9 @@
 #include "Checks.h"
 #include "NodeNames.h"
 #include "TerminalText.h"
-#include "VKT/Geometry.h"
-#include "VKT/Model.h"
-#include "VKT/SkinCluster.h"
+#include "VKT/deformers/SkinCluster.h"
+#include "VKT/document/Model.h"
+#include "VKT/geometry/Geometry.h"
 
 namespace tool {
 namespace {

@@ -7,12 +7,12 @@
 #include "NodeFields.h"
 #include "NodeNames.h"
 #include "TerminalText.h"
-#include "VKT/AnimCycle.h"
-#include "VKT/AnimationTake.h"
-#include "VKT/Model.h"
-#include "VKT/ObjectSet.h"
-#include "VKT/TextWriter.h"
-#include "VKT/UserNode.h"
+#include "VKT/animation/AnimCycle.h"
+#include "VKT/animation/AnimationTake.h"
+#include "VKT/document/Model.h"
+#include "VKT/registry/UserNode.h"
+#include "VKT/rigging/ObjectSet.h"
+#include "VKT/stream/TextWriter.h"
 
 namespace tool {
 namespace {

@@ -1,0 +1,156 @@
+#include "VKT/animation/AnimCurve.h"
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+
+#include "VKT/animation/CurveEvaluator.h"
+#include "VKT/base/Logger.h"
+#include "VKT/stream/FileIO.h"
+#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/TextWriter.h"
+
+namespace VKT {
+namespace {
+
+constexpr const char* kSource = ".\\src\\VKT\\FCurveStream";
+
+constexpr const char* kInterpolationWords[] = {"STEP",      "LINEAR",    "CATMULL_ROM", "CARDINAL",  "TCB",
+                                               "BEZIER_1D", "BEZIER_2D", "HERMITE_1D",  "HERMITE_2D"};
+constexpr const char* kInfinityWords[] = {"kInfinityConstant", "kInfinityLinear", "kInfinityOscillate",
+                                          "kInfinityCycle", "kInfinityCycleWithOffset"};
+
+// Reads a key and the number of its word; 0 for one that is not in the list. An end of the
+// input is seen at the next key.
+bool ReadWord(std::string_view key, XTextReader& in, int line, XWordList words, u32& number)
+{
+    XString word;
+    if (!Expect(key, in, kSource, line))
+        return false;
+    in.ReadToken(word);
+    number = 0;
+    FindWord(word, words, number);
+    return true;
+}
+
+// Floats of a key; 0 for a number without meaning.
+u32 StrideOf(u32 interpolation)
+{
+    constexpr u32 strides[] = {2, 2, 2, 3, 5, 4, 6, 4, 6, 0, 2, 3, 5, 3};
+    return interpolation < std::size(strides) ? strides[interpolation] : 0;
+}
+
+}  // namespace
+
+void XAnimCurve::SetInterpolation(u32 interpolation)
+{
+    m_Interpolation = interpolation;
+    if (const u32 stride = StrideOf(interpolation))
+        m_Stride = stride;
+    m_LatestTime.reset();  // other floats are times now
+}
+
+// The first key that is later than `time`; their number when there is none.
+u32 XAnimCurve::FindLater(f32 time)
+{
+    const u32 numKeys = GetNumKeys();
+    if (!m_LatestTime) {
+        m_LatestTime = -std::numeric_limits<f32>::infinity();
+        for (u32 key = 0; key < numKeys; ++key)
+            m_LatestTime = std::max(*m_LatestTime, GetKey(key, 0));
+    }
+    u32 key = *m_LatestTime > time ? 0 : numKeys;
+    while (key < numKeys && !(GetKey(key, 0) > time))
+        ++key;
+    return key;
+}
+
+u32 XAnimCurve::AddKey(f32 time, f32 value)
+{
+    if (m_Stride == 0)
+        return 0;
+    const u32 key = FindLater(time);
+    m_LatestTime = std::max(*m_LatestTime, time);
+    const std::size_t at = std::size_t{key} * m_Stride;
+    m_Keys.insert(m_Keys.begin() + static_cast<std::ptrdiff_t>(at), m_Stride, 0.0f);
+    m_Keys[at] = time;
+    m_Keys[at + 1] = value;
+    return key;
+}
+
+bool XAnimCurve::SetTangent(u32 key, u32 part, f32 value)
+{
+    if (m_Interpolation != kHermite2D || key >= std::min(m_KeyLimit, GetNumKeys()))
+        return false;
+    m_Keys[std::size_t{key} * m_Stride + part] = value;
+    return true;
+}
+
+bool XAnimCurve::Evaluate(f32 time, f32& value) const
+{
+    return XEvaluateCurve(*this, m_KeyLimit, time, value);
+}
+
+bool XAnimCurve::ReadChunk(XTextReader& in)
+{
+    u32 interpolation = 0;
+    u32 numKeys = 0;
+    if (!Expect("ANIM_CURVE", in, kSource, 2) || !Expect("{", in, kSource, 3) ||
+        !ReadWord("interpolation", in, 4, kInterpolationWords, interpolation) ||
+        !Expect("num_keys", in, kSource, 5))
+        return false;
+    in.Read(numKeys);
+    if (!ReadWord("pre_infinity", in, 6, kInfinityWords, m_PreInfinity) ||
+        !ReadWord("post_infinity", in, 7, kInfinityWords, m_PostInfinity) ||
+        !Expect("component", in, kSource, 8))
+        return false;
+    in.Read(m_Component);
+    if (!Expect("index", in, kSource, 9))
+        return false;
+    in.Read(m_Index);
+    SetInterpolation(interpolation);
+    in.ReadNumbers(m_Keys, u64{numKeys} * m_Stride);
+    return Expect("}", in, kSource, 10);
+}
+
+// Interpolations without a word are written as steps, with their times and values alone:
+// the file can be read again.
+bool XAnimCurve::WriteChunk(XTextWriter& out) const
+{
+    const bool hasWord = m_Interpolation < std::size(kInterpolationWords);
+    const u32 numKeys = GetNumKeys();
+    if (!hasWord)
+        GetLogger()->LogFormat(kWarning, "a curve of interpolation %d is written as %s with %d keys",
+                               static_cast<int>(m_Interpolation), kInterpolationWords[kStep],
+                               static_cast<int>(numKeys));
+    out << "\t\t\t\tANIM_CURVE \n\t\t\t\t{\n";
+    out << "\t\t\t\t\tinterpolation " << WordOf(m_Interpolation, kInterpolationWords) << '\n';
+    out << "\t\t\t\t\tnum_keys " << numKeys << '\n';
+    out << "\t\t\t\t\tpre_infinity " << WordOf(m_PreInfinity, kInfinityWords) << '\n';
+    out << "\t\t\t\t\tpost_infinity " << WordOf(m_PostInfinity, kInfinityWords) << '\n';
+    out << "\t\t\t\t\tcomponent " << m_Component << '\n';
+    out << "\t\t\t\t\tindex " << m_Index;
+    constexpr XRowFormat format{"\n\t\t\t\t\t\t", true, ""};
+    if (hasWord)
+        out.WriteRows(std::span(m_Keys).first(std::size_t{numKeys} * m_Stride), m_Stride, format);
+    else
+        for (u32 key = 0; key < numKeys; ++key)
+            out.WriteRow(std::span(m_Keys).subspan(std::size_t{key} * m_Stride, 2), format);
+    out << "\n\t\t\t\t}\n";
+    return out.IsGood();
+}
+
+// A number that comes short is logged and keeps its default; the keys must come.
+bool XAnimCurve::DoData(XFileIO& file)
+{
+    file.DoData(m_Interpolation);
+    file.DoData(m_PreInfinity);
+    file.DoData(m_PostInfinity);
+    file.DoData(m_Component);
+    file.DoData(m_Index);
+    if (file.IsReading())
+        SetInterpolation(m_Interpolation);
+    return file.DoData(m_Keys) != 0;
+}
+
+}  // namespace VKT

@@ -1,0 +1,269 @@
+#include "VKT/animation/AnimatedAttribute.h"
+
+#include <algorithm>
+
+#include "VKT/animation/AnimationTake.h"
+#include "VKT/animation/FCurveStream.h"
+#include "VKT/animation/PoseStream.h"
+#include "VKT/animation/SampledStream.h"
+#include "VKT/base/Logger.h"
+#include "VKT/node/Attribute.h"
+#include "VKT/stream/FileIO.h"
+#include "VKT/stream/NodeName.h"
+#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/TextWriter.h"
+
+namespace VKT {
+namespace {
+
+constexpr const char* kSource = ".\\src\\VKT\\AnimationTake";
+
+// Kept on purpose: what a text file gives to arrays of vectors. It has no name and no
+// elements.
+constexpr XStreamKind kVectorArray{7};
+
+// The kind of an attribute that is read from a text file. Kept on purpose: it differs
+// from that of `XAnimatedNode::CreateAttribute` for arrays.
+XStreamKind TextKindOf(XPropertyType type)
+{
+    switch (type) {
+        case kPropertyVector:
+            return kVector3;
+        case kPropertyMatrix:
+            return kMatrix;
+        case kPropertyColour:
+            return kVector4;
+        case kPropertyQuaternion:
+            return kQuaternion;
+        case kPropertyFloatArray:
+            return kFloatArray;
+        case kPropertyVectorArray:
+            return kVectorArray;
+        default:
+            return kScalar;
+    }
+}
+
+}  // namespace
+
+XAnimatedAttribute::XAnimatedAttribute(XAnimatedNode& node, u32 attributeId)
+    : m_AttributeId(attributeId), m_Node(&node)
+{
+}
+
+XAnimatedAttribute::XAnimatedAttribute(XAnimatedNode& node, u32 attributeId, XStreamKind kind)
+    : m_Kind(kind), m_ElementsPerSample(GetElementCount(kind)), m_AttributeId(attributeId), m_Node(&node)
+{
+}
+
+XAttribute* XAnimatedAttribute::GetExtraAttribute() const
+{
+    const XBase* const node = GetNode();
+    return node && !m_ExtraAttribute.empty() ? node->GetExtraAttribute(m_ExtraAttribute.c_str()) : nullptr;
+}
+
+XString XAnimatedAttribute::GetName() const
+{
+    if (GetExtraAttribute())
+        return m_ExtraAttribute;
+    const XBase* const node = GetNode();
+    return node ? node->GetPropertyName(m_AttributeId) : XString();
+}
+
+XAnimationTake& XAnimatedAttribute::GetTake() const
+{
+    return m_Node->GetTake();
+}
+
+XBase* XAnimatedAttribute::GetNode() const
+{
+    return m_Node->GetNode();
+}
+
+void XAnimatedAttribute::GetCurrentArray(XFloatArray& out) const
+{
+    out.clear();
+    if (const XBase* node = GetNode())
+        node->GetNodeProperties()->GetFloatArray(node, m_AttributeId, out);
+}
+
+XAnimationStream* XAnimatedAttribute::GetStream(u32 i) const
+{
+    return i < m_Streams.size() ? m_Streams[i].get() : nullptr;
+}
+
+template <class Stream>
+Stream* XAnimatedAttribute::Find(XStreamType type) const
+{
+    const auto found = std::find_if(m_Streams.begin(), m_Streams.end(),
+                                    [=](const auto& stream) { return stream->GetStreamType() == type; });
+    return found == m_Streams.end() ? nullptr : static_cast<Stream*>(found->get());
+}
+
+template <class Stream>
+Stream* XAnimatedAttribute::Add(std::unique_ptr<Stream> stream)
+{
+    Stream* const added = stream.get();
+    m_Streams.push_back(std::move(stream));
+    return added;
+}
+
+XPoseStream* XAnimatedAttribute::CreatePoseStream()
+{
+    if (auto* found = Find<XPoseStream>(kPoseStream))
+        return found;
+    return Add(std::make_unique<XPoseStream>(*this));
+}
+
+XSampledStream* XAnimatedAttribute::CreateSampledStream()
+{
+    if (auto* found = Find<XSampledStream>(kSampledStream))
+        return found;
+    auto stream = std::make_unique<XSampledStream>(*this, GetElementCount(m_Kind), GetTake().GetNumFrames());
+    FillWithCurrent(*stream);
+    return Add(std::move(stream));
+}
+
+XFCurveStream* XAnimatedAttribute::CreateFCurveStream()
+{
+    if (auto* found = GetFCurveStream())
+        return found;
+    return Add(std::make_unique<XFCurveStream>(*this));
+}
+
+XFCurveStream* XAnimatedAttribute::GetFCurveStream() const
+{
+    return Find<XFCurveStream>(kFCurveStream);
+}
+
+void XAnimatedAttribute::FillWithCurrent(XSampledStream& stream) const
+{
+    const XBase* const node = GetNode();
+    if (!node)
+        return;
+    const XNodeProperties& properties = *node->GetNodeProperties();
+    const auto fill = [&](const auto& value) {
+        for (u32 i = 0; i < stream.GetNumSamples(); ++i)
+            stream.SetSample(i, value);
+    };
+    f32 number = 0;
+    bool flag = false;
+    u32 count = 0;
+    XVector3 vector{};
+    XColour colour{};
+    XQuaternion rotation{};
+    if (properties.GetFloat(node, m_AttributeId, number))
+        fill(number);
+    else if (properties.GetBool(node, m_AttributeId, flag))
+        fill(flag ? 1.0f : 0.0f);
+    else if (properties.GetUnsigned(node, m_AttributeId, count))
+        fill(static_cast<f32>(count));
+    else if (properties.GetVector(node, m_AttributeId, vector))
+        fill(vector);
+    else if (properties.GetColour(node, m_AttributeId, colour))
+        fill(XQuaternion{colour.r, colour.g, colour.b, colour.a});
+    else if (properties.GetQuaternion(node, m_AttributeId, rotation))
+        fill(rotation);
+}
+
+bool XAnimatedAttribute::ReadChunk(XTextReader& in)
+{
+    XString name;
+    if (!Expect("ATTR", in, kSource, 12))
+        return false;
+    in.ReadToken(name);
+    const XBase* const node = GetNode();
+    if (!node)
+        return false;
+    SetTarget(*node, name);
+    if (!Expect("{", in, kSource, 8) || !Expect("num_streams", in, kSource, 13))
+        return false;
+    u32 count = 0;
+    in.Read(count);
+    if (!Expect("elements_per_sample", in, kSource, 14))
+        return false;
+    in.Read(m_ElementsPerSample);
+    for (u32 i = 0; i < count; ++i)
+        if (!ReadStream(in))
+            return false;
+    return Expect("}", in, kSource, 11);
+}
+
+void XAnimatedAttribute::SetTarget(const XBase& node, const XString& word)
+{
+    m_AttributeId = node.GetPropertyId(word.c_str());
+    m_Kind = TextKindOf(node.GetPropertyType(m_AttributeId));
+    if (m_AttributeId == 0 && node.GetExtraAttribute(word.c_str()))
+        m_ExtraAttribute = word;
+}
+
+bool XAnimatedAttribute::ReadStream(XTextReader& in)
+{
+    XString word;
+    in.ReadToken(word);
+    std::unique_ptr<XAnimationStream> stream;
+    if (word == "POSE_KEY") {
+        stream = std::make_unique<XPoseStream>(*this);
+    } else if (word == "SAMPLED_KEYS") {
+        stream = std::make_unique<XSampledStream>(*this, m_ElementsPerSample);
+    } else if (word == "FCURVE_STREAM") {
+        stream = std::make_unique<XFCurveStream>(*this);
+    } else {
+        GetLogger()->LogFormat(kError, "Expected %s got %s [%s:%d]", "FCURVE_STREAM", word.c_str(), kSource,
+                               15);
+        return false;
+    }
+    return Expect("{", in, kSource, 8) && stream->ReadChunk(in) && Expect("}", in, kSource, 11) &&
+           Add(std::move(stream));
+}
+
+bool XAnimatedAttribute::WriteChunk(XTextWriter& out) const
+{
+    out << "\t\tATTR " << NameAsToken(GetName()) << "\n\t\t{\n";
+    out << "\t\t\tnum_streams " << GetNumStreams() << '\n';
+    out << "\t\t\telements_per_sample " << m_ElementsPerSample << '\n';
+    for (const auto& stream : m_Streams)
+        stream->WriteChunk(out);
+    out << "\t\t}\n";
+    return out.IsGood();
+}
+
+bool XAnimatedAttribute::DoData(XFileIO& file)
+{
+    u32 count = GetNumStreams();
+    file.DoData(m_AttributeId);
+    file.DoData(m_ElementsPerSample);
+    file.DoData(count);
+    for (u32 i = 0; i < count && !file.IsAtEnd(); ++i)
+        if (!DoStream(file, i))
+            return false;
+    return true;
+}
+
+bool XAnimatedAttribute::DoStream(XFileIO& file, u32 i)
+{
+    u32 type = kPoseStream;
+    u32 kind = kScalar;
+    if (file.IsWriting()) {
+        type = m_Streams[i]->m_StreamType;
+        kind = m_Streams[i]->m_Kind;
+    }
+    file.DoData(type);
+    file.DoData(kind);
+    if (file.IsReading()) {
+        if (type == kPoseStream) {
+            Add(std::make_unique<XPoseStream>(*this));
+        } else if (type == kSampledStream) {
+            Add(std::make_unique<XSampledStream>(*this, m_ElementsPerSample));
+        } else if (type == kFCurveStream) {
+            Add(std::make_unique<XFCurveStream>(*this));
+        } else {
+            GetLogger()->LogFormat(kError, "%d is no type of a key stream", static_cast<int>(type));
+            return false;
+        }
+        m_Streams.back()->m_Kind = XStreamKind{kind};
+    }
+    return m_Streams[i]->DoData(file);
+}
+
+}  // namespace VKT

@@ -1,0 +1,163 @@
+#include "VKT/geometry/Geometry.h"
+
+#include <algorithm>
+
+#include "VKT/base/Logger.h"
+#include "VKT/document/Model.h"
+#include "VKT/geometry/Deformer.h"
+#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/TextWriter.h"
+
+namespace VKT {
+namespace {
+
+constexpr const char* kSource = ".\\src\\VKT\\Geometry";
+
+bool SavesDeformers(const XBase& node)
+{
+    return node.GetModel()->GetSaveFlags().Test(SaveDeformers);
+}
+
+}  // namespace
+
+bool XGeometry::GetDeformerQueue(XDeformerList& out) const
+{
+    for (const u32 id : m_DeformerQueue)
+        if (XDeformer* deformer = XCast<XDeformer>(GetModel()->FindNode(id)))
+            out.push_back(deformer);
+    return !out.empty();
+}
+
+void XGeometry::SetDeformerQueue(const XDeformerList& queue)
+{
+    m_DeformerQueue.resize(queue.size());
+    std::transform(queue.begin(), queue.end(), m_DeformerQueue.begin(),
+                   [](const XDeformer* deformer) { return deformer->GetID(); });
+}
+
+bool XGeometry::NodeDeath(u32 id)
+{
+    const auto found = std::find(m_DeformerQueue.begin(), m_DeformerQueue.end(), id);
+    if (found == m_DeformerQueue.end())
+        return XShape::NodeDeath(id);
+    m_DeformerQueue.erase(found);
+    return true;
+}
+
+void XGeometry::PreDelete(std::set<u32>& ids)
+{
+    XShape::PreDelete(ids);
+    if (!GetModel()->GetDeleteFlags().Test(DeleteDeformers))
+        return;
+    XDeformerList queue;
+    GetDeformerQueue(queue);
+    for (const XDeformer* deformer : queue)
+        if (deformer->GetNumAffected() < 2)
+            ids.insert(deformer->GetID());
+}
+
+bool XGeometry::DoData(XFileIO& file)
+{
+    if (!XShape::DoData(file) || !file.DoData(m_Points))
+        return false;
+    XIndexList none;
+    XIndexList& queue = file.IsReading() || SavesDeformers(*this) ? m_DeformerQueue : none;
+    // The flag stands in binary files of every version, other than in text files.
+    return file.DoIds(queue) && file.DoData(m_IntermediateObject);
+}
+
+void XGeometry::DoCopy(const XBase* source)
+{
+    const XGeometry* other = XCast<XGeometry>(source);
+    if (!other)
+        return;
+    if (other != this)
+        m_Points = other->m_Points;
+    m_IntermediateObject = other->m_IntermediateObject;
+    if (GetModel()->GetCopyFlags().Test(CopyDeformers)) {
+        XDeformerList queue;
+        other->GetDeformerQueue(queue);
+        XDeformerList clones;
+        for (const XDeformer* deformer : queue)
+            if (XDeformer* clone = XCast<XDeformer>(deformer->Clone())) {
+                clone->AddAffected(this);
+                clones.push_back(clone);
+            }
+        SetDeformerQueue(clones);
+    }
+    XShape::DoCopy(source);
+}
+
+bool XGeometry::WriteChunk(XTextWriter& out) const
+{
+    out << "\tpoints " << GetNumPoints() << '\n';
+    out.WriteRows(m_Points, {"\t\t"});
+    out << "\tdeformer_queue ";
+    if (SavesDeformers(*this)) {
+        out << static_cast<u32>(m_DeformerQueue.size());
+        for (const u32 id : m_DeformerQueue)
+            out << ' ' << XNodeId{id};
+        out << '\n';
+    } else {
+        out << "0\n";
+    }
+    out << "\tintermediate_object " << m_IntermediateObject << '\n';
+    return out.IsGood();
+}
+
+bool XGeometry::ReadFields(XTextReader& in)
+{
+    const u32 version = GetModel()->GetVersion();
+    // Particle shapes had no points and no deformers in older files.
+    if (version >= 4 || GetApiType() != kFnParticleShape) {
+        if (!Expect("points", in, kSource, 1))
+            return false;
+        i32 numPoints = 0;
+        in.Read(numPoints);
+        if (numPoints > 0 && !in.ReadNumbers(m_Points, static_cast<u32>(numPoints))) {
+            GetLogger()->Log(kError, "UnExpected file-IO error");
+            return false;
+        }
+        if (!Expect("deformer_queue", in, kSource, 2))
+            return false;
+        u32 numDeformers = 0;
+        in.Read(numDeformers);
+        in.ReadNumbers(m_DeformerQueue, numDeformers);  // too few are seen at the next key
+    }
+    if (version >= 4) {
+        if (!Expect("intermediate_object", in, kSource, 3))
+            return false;
+        in.Read(m_IntermediateObject);
+    }
+    return true;
+}
+
+XPropertyTable XGeometry::Properties()
+{
+    static constexpr XPropertyInfo rows[] = {
+        Field<&XGeometry::m_Points>(1, "points", kAnimatable | kList),
+        Computed<XNodeList>(
+            2, "deformer_queue", kList,
+            [](const XBase& node, XNodeList& value) {
+                XDeformerList queue;
+                As<XGeometry>(node).GetDeformerQueue(queue);
+                value.assign(queue.begin(), queue.end());
+                return true;
+            },
+            [](XBase& node, const XNodeList& value) {
+                XDeformerList queue;
+                for (XBase* entry : value) {
+                    if (!entry || !Detail::Accepts(node, entry, kFnDeformer))
+                        return false;
+                    queue.push_back(XCast<XDeformer>(entry));
+                }
+                As<XGeometry>(node).SetDeformerQueue(queue);
+                return true;
+            },
+            kFnDeformer),
+        Field<&XGeometry::m_IntermediateObject>(3, "intermediate_object"),
+    };
+    return rows;
+}
+
+}  // namespace VKT

@@ -1,0 +1,150 @@
+#include <algorithm>
+
+#include "VKT/base/Logger.h"
+#include "VKT/geometry/Mesh.h"
+#include "VKT/stream/NodeName.h"
+#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/TextWriter.h"
+
+// The text form of an older mesh.
+
+namespace VKT {
+namespace {
+
+constexpr const char* kSource = ".\\src\\VKT\\Mesh";
+constexpr u32 kLeastCorners = 3;
+
+void WriteCorner(const XFaceVertex& corner, u32 numSets, XTextWriter& out)
+{
+    out << "\t\t" << corner.m_Point << ' ' << corner.m_Normal;
+    for (u32 set = 0; set < numSets; ++set)
+        out << ' ' << (set < corner.m_UvIndices.size() ? corner.m_UvIndices[set] : 0);
+    out << '\n';
+}
+
+bool IsRegular(const XFace& face, u32 numSets)
+{
+    const auto& corners = face.GetVertices();
+    return corners.size() >= kLeastCorners &&
+           std::all_of(corners.begin(), corners.end(),
+                       [=](const XFaceVertex& corner) { return corner.m_UvIndices.size() == numSets; });
+}
+
+}  // namespace
+
+u64 XMesh::GetTextPadding() const
+{
+    const std::size_t numSets = m_TexCoords.size();
+    u64 padding = 0;
+    for (const XFace& face : m_Faces) {
+        const auto& corners = face.GetVertices();
+        if (corners.size() < kLeastCorners)
+            padding += (kLeastCorners - corners.size()) * (2 + numSets);
+        for (const XFaceVertex& corner : corners)
+            padding += numSets - std::min(numSets, corner.m_UvIndices.size());
+    }
+    return padding;
+}
+
+bool XMesh::WriteChunk(XTextWriter& out) const
+{
+    if (!XGeometry::WriteChunk(out))
+        return false;
+    const u32 numSets = GetNumUvSets();
+    out << "\tnormal_count " << static_cast<u32>(m_Normals.size()) << "\n\tnum_uv_sets " << numSets
+        << "\n\tface_count " << GetNumFaces() << '\n';
+    if (!m_Normals.empty()) {
+        out << "\tnormals\n";
+        out.WriteRows(m_Normals, {"\t\t"});
+    }
+    for (u32 set = 0; set < numSets; ++set) {
+        const XTexCoords& table = m_TexCoords[set];
+        out << "\ttex_coords " << NameInQuotes(set < m_UvSetNames.size() ? m_UvSetNames[set] : "") << ' '
+            << static_cast<u32>(table.size()) << '\n';
+        for (const XTexCoord& uv : table)
+            out << "\t\t" << uv.u << ' ' << uv.v << '\n';
+    }
+    bool isRegular = true;
+    for (const XFace& face : m_Faces) {
+        isRegular = isRegular && IsRegular(face, numSets);
+        const auto& corners = face.GetVertices();
+        out << "\tFACE " << std::max(face.GetNumVertices(), kLeastCorners) << '\n';
+        for (const XFaceVertex& corner : corners)
+            WriteCorner(corner, numSets, out);
+        for (std::size_t i = corners.size(); i < kLeastCorners; ++i)
+            WriteCorner(corners.empty() ? XFaceVertex() : corners.back(), numSets, out);
+    }
+    if (!isRegular)
+        GetLogger()->LogFormat(kWarning,
+                               "faces of mesh \"%s\" are written with at least three corners, and one index "
+                               "per corner and uv set",
+                               GetName());
+    return out.IsGood();
+}
+
+bool XMesh::ReadFields(XTextReader& in)
+{
+    u32 numNormals = 0;
+    u32 numSets = 0;
+    u32 numFaces = 0;
+    if (!XGeometry::ReadFields(in) || !Expect("normal_count", in, kSource, 1))
+        return false;
+    in.Read(numNormals);
+    if (!Expect("num_uv_sets", in, kSource, 2))
+        return false;
+    in.Read(numSets);
+    if (!Expect("face_count", in, kSource, 3))
+        return false;
+    in.Read(numFaces);
+    m_Normals.clear();
+    if (numNormals != 0) {
+        if (!Expect("normals", in, kSource, 4))
+            return false;
+        in.ReadNumbers(m_Normals, numNormals);
+    }
+    return ReadTexCoords(in, numSets) && ReadFaces(in, numFaces, numSets);
+}
+
+bool XMesh::ReadTexCoords(XTextReader& in, u32 numSets)
+{
+    SetNumUvSets(0);
+    for (u32 set = 0; set < numSets; ++set) {
+        if (!Expect("tex_coords", in, kSource, 5))
+            return false;
+        XString& name = m_UvSetNames.emplace_back();
+        in.ReadToken(name);
+        std::erase(name, '"');
+        XTexCoords& table = m_TexCoords.emplace_back();
+        u32 count = 0;
+        in.Read(count);
+        for (u32 i = 0; i < count && in.IsGood(); ++i) {
+            XTexCoord& uv = table.emplace_back();
+            in.Read(uv.u);
+            in.Read(uv.v);
+        }
+    }
+    return true;
+}
+
+bool XMesh::ReadFaces(XTextReader& in, u32 numFaces, u32 numSets)
+{
+    m_Faces.clear();
+    for (u32 i = 0; i < numFaces; ++i) {
+        if (!Expect("face", in, kSource, 6))
+            return false;
+        i32 claimed = 0;
+        in.Read(claimed);
+        // Kept on purpose: three corners are read where fewer are claimed.
+        const u32 count = std::max(claimed, static_cast<i32>(kLeastCorners));
+        auto& corners = m_Faces.emplace_back().GetVertices();
+        for (u32 corner = 0; corner < count && in.IsGood(); ++corner) {
+            XFaceVertex& vertex = corners.emplace_back();
+            in.Read(vertex.m_Point);
+            in.Read(vertex.m_Normal);
+            in.ReadNumbers(vertex.m_UvIndices, numSets);
+        }
+    }
+    return true;
+}
+
+}  // namespace VKT

@@ -1,0 +1,136 @@
+#include "VKT/node/ExtraAttributes.h"
+
+#include <algorithm>
+
+#include "VKT/stream/FileIO.h"
+#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/TextWriter.h"
+
+namespace VKT {
+namespace {
+
+constexpr const char* kSource = ".\\src\\VKT\\ExtraAttributes";
+
+}  // namespace
+
+XAttribute* XExtraAttributes::Add(const XString& name)
+{
+    XAttribute* const attribute = m_Attributes.emplace_back(std::make_unique<XAttribute>()).get();
+    attribute->SetName(name);
+    return attribute;
+}
+
+XAttribute* XExtraAttributes::Find(std::string_view name) const
+{
+    const auto found = std::find_if(m_Attributes.begin(), m_Attributes.end(),
+                                    [=](const auto& attribute) { return attribute->GetName() == name; });
+    return found == m_Attributes.end() ? nullptr : found->get();
+}
+
+void XExtraAttributes::ListNames(XStringList& names) const
+{
+    names.clear();
+    for (const auto& attribute : m_Attributes)
+        names.push_back(attribute->GetName());
+}
+
+void XExtraAttributes::Copy(const XExtraAttributes& other)
+{
+    if (this == &other)
+        return;
+    m_Attributes.clear();
+    for (const auto& attribute : other.m_Attributes)
+        m_Attributes.push_back(std::make_unique<XAttribute>(*attribute));
+}
+
+void XExtraAttributes::NodeDeath(XModel& model, u32 id)
+{
+    for (const auto& attribute : m_Attributes)
+        attribute->NodeDeath(model, id);
+}
+
+void XExtraAttributes::Write(XTextWriter& out, const XModel& model) const
+{
+    out << "\tEXTRA_ATTRIBUTES\n\t{\n";
+    for (const auto& attribute : m_Attributes)
+        attribute->Write(out);
+    out << "\t}\n";
+    if (std::none_of(m_Attributes.begin(), m_Attributes.end(),
+                     [](const auto& attribute) { return attribute->HasConnections(); }))
+        return;
+    out << "\tCONNECTIONS\n\t{\n";
+    for (const auto& attribute : m_Attributes)
+        attribute->WriteConnections(out, model);
+    out << "\t}\n";
+}
+
+void XExtraAttributes::ReadAttributes(XTextReader& in)
+{
+    if (!Expect("{", in, kSource, 1))
+        return;
+    XString name;
+    while (in.ReadToken(name) && !in.IsAtEnd() && !name.starts_with('}'))
+        if (!Add(name)->Read(in))
+            return;
+}
+
+void XExtraAttributes::ReadConnections(XTextReader& in)
+{
+    if (!Expect("{", in, kSource, 3))
+        return;
+    XString token;
+    while (in.ReadToken(token) && token == "ATTR")
+        if (!ReadConnection(in))
+            return;
+}
+
+// One `ATTR` entry. That of an attribute which the node does not have is dropped.
+bool XExtraAttributes::ReadConnection(XTextReader& in)
+{
+    XString name;
+    XString other;
+    u32 element = 0;
+    in.ReadToken(name);
+    in.Read(element);
+    XAttribute* const attribute = Find(name);
+    if (!Expect("{", in, kSource, 4) || !Expect("input", in, kSource, 5))
+        return false;
+    u32 node = 0;
+    in.Read(node);
+    if (node != 0) {
+        in.ReadToken(other);
+        if (attribute)
+            attribute->SetInput(element, node, other);
+    }
+    if (!Expect("output", in, kSource, 6))
+        return false;
+    u32 count = 0;
+    in.Read(count);
+    for (u32 i = 0; i < count && in.IsGood(); ++i) {
+        in.Read(node);
+        in.ReadToken(other);
+        if (attribute && in.IsGood())
+            attribute->AddOutput(element, node, other);
+    }
+    return Expect("}", in, kSource, 7);
+}
+
+bool XExtraAttributes::DoData(XFileIO& file, u32 version)
+{
+    constexpr u64 kLeastBytes = 6;  // a type and an empty name
+    u32 count = 0;
+    if (!file.DoCount(count, m_Attributes.size(), kLeastBytes))
+        return false;
+    if (file.IsReading())
+        for (u32 i = 0; i < count; ++i) {
+            if (!Add("")->DoData(file, version))
+                return false;
+        }
+    else
+        for (const auto& attribute : m_Attributes)
+            if (!attribute->DoData(file, version))
+                return false;
+    return true;
+}
+
+}  // namespace VKT

@@ -1,0 +1,125 @@
+#include "VKT/shading/Ramp.h"
+
+#include <algorithm>
+
+#include "VKT/base/Logger.h"
+#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/TextWriter.h"
+
+namespace VKT {
+namespace {
+
+constexpr const char* kSource = ".\\src\\VKT\\Ramp";
+constexpr const char* kWords[] = {"none", "linear", "smooth", "spline"};
+
+}  // namespace
+
+bool XRamp::AddFloatKey(f32 position, f32 value, u32 interpolation)
+{
+    if (HoldsColours())
+        return false;
+    Insert({position, interpolation, {value, 0, 0, 0}});
+    return true;
+}
+
+bool XRamp::AddColourKey(f32 position, const XColour& value, u32 interpolation)
+{
+    if (!HoldsColours())
+        return false;
+    Insert({position, interpolation, value});
+    return true;
+}
+
+void XRamp::Insert(const XRampKey& key)
+{
+    const auto place = std::find_if(m_Keys.begin(), m_Keys.end(),
+                                    [&key](const XRampKey& other) { return other.position > key.position; });
+    m_Keys.insert(place, key);
+}
+
+void XRamp::Write(XTextWriter& out) const
+{
+    out << "{\n\t\ttype " << (HoldsColours() ? "colour" : "curve");
+    out << "\n\t\tcount " << static_cast<u32>(m_Keys.size()) << '\n';
+    u32 index = 0;
+    for (const XRampKey& key : m_Keys) {
+        const XColour& value = key.value;
+        out << "\t\t" << index++ << ' ' << key.position << ' ' << value.r << ' ';
+        if (HoldsColours())
+            out << value.g << ' ' << value.b << ' ' << value.a << ' ';
+        out << WordOf(key.interpolation, kWords) << '\n';
+    }
+    out << "\t}\n";
+}
+
+bool XRamp::Read(XTextReader& in)
+{
+    m_Keys.clear();
+    if (!Expect("{", in, kSource, 1) || !Expect("type", in, kSource, 2))
+        return false;
+    XString word;
+    in.ReadToken(word);
+    m_Kind = word.starts_with("cur") ? kFloats : kColours;
+    if (!Expect("count", in, kSource, 3))
+        return false;
+    u32 count = 0;
+    in.Read(count);
+    const bool complete = ReadKeys(in, count);
+    // The same as adding them one by one, and not the square of their number.
+    std::stable_sort(m_Keys.begin(), m_Keys.end(),
+                     [](const XRampKey& a, const XRampKey& b) { return a.position < b.position; });
+    return complete && Expect("}", in, kSource, 4);
+}
+
+bool XRamp::ReadKeys(XTextReader& in, u32 count)
+{
+    XString word;
+    for (u32 i = 0; i < count; ++i) {
+        XRampKey key;
+        u32 index = 0;  // says nothing: positions order the keys
+        in.Read(index);
+        in.Read(key.position);
+        in.ReadArray(&key.value.r, HoldsColours() ? 4 : 1);
+        in.ReadToken(word);
+        if (!FindWord(word, kWords, key.interpolation)) {
+            // Kept on purpose: a tab stands in one of the two messages.
+            GetLogger()->LogFormat(
+                kError,
+                HoldsColours() ? "expected \"none\", \"linear\", \"smooth\" or \"spline\" got: \"%s\""
+                               : "expected \"none\", \"linear\", \"smooth\" or \"spline\"\tgot: \"%s\"",
+                word.c_str());
+            return false;
+        }
+        m_Keys.push_back(key);
+    }
+    return true;
+}
+
+bool XRamp::DoData(XFileIO& file)
+{
+    if (!file.DoData(m_Kind))
+        return false;
+    constexpr u64 kFloatKeyBytes = 12;
+    constexpr u64 kColourKeyBytes = 24;
+    u32 count = 0;
+    if (!file.DoCount(count, m_Keys.size(), HoldsColours() ? kColourKeyBytes : kFloatKeyBytes))
+        return false;
+    if (file.IsReading())
+        m_Keys.clear();
+    for (u32 i = 0; i < count; ++i) {
+        if (file.IsReading())
+            m_Keys.emplace_back();
+        XColour& value = m_Keys[i].value;
+        if (!(HoldsColours() ? file.DoData(value) : file.DoData(value.r)))
+            return false;
+    }
+    for (XRampKey& key : m_Keys)
+        if (!file.DoData(key.interpolation))
+            return false;
+    for (XRampKey& key : m_Keys)
+        if (!file.DoData(key.position))
+            return false;
+    return true;
+}
+
+}  // namespace VKT
