@@ -16,7 +16,7 @@
 #include "SceneFile.h"
 #include "TerminalText.h"
 #include "VKT/document/Model.h"
-#include "host/core/HeadlessHost.h"
+#include "host/app/HeadlessHost.h"
 #include "host/io/BuildScene.h"
 #include "host/io/SceneReader.h"
 

@@ -5,7 +5,7 @@
 #include "Log.h"
 #include "Platform.h"
 #include "PluginOutput.h"
-#include "host/core/HeadlessHost.h"
+#include "host/app/HeadlessHost.h"
 
 namespace tool {
 namespace {

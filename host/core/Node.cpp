@@ -154,9 +154,9 @@ void Node::Attach(Node& child, TimeValue t, bool keepTM)
     Matrix3 world = child.GetNodeTM(t, nullptr);
     child.SetParent(this);
     if (keepTM) {
-        SuspendAnimate();
+        m_scene.SuspendAnimate();
         child.SetNodeTM(t, world);
-        ResumeAnimate();
+        m_scene.ResumeAnimate();
     }
 }
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
-#include "host/controllers/PRSController.h"
 #include "host/core/Node.h"
 
 namespace maxhost {
@@ -38,7 +38,10 @@ std::string NewName(Object* object, ULONG handle)
 
 }  // namespace
 
-Scene::Scene() : m_worldCaches(kCachedMatrices), m_root(new Node(*this, ++m_lastHandle))
+Scene::Scene(ControllerMaker makeController)
+    : m_makeController(std::move(makeController)),
+      m_worldCaches(kCachedMatrices),
+      m_root(new Node(*this, ++m_lastHandle))
 {
     char name[] = "Scene Root";
     m_root->SetName(name);
@@ -56,7 +59,7 @@ Node& Scene::AddNode(Object* object)
     Node* node = new Node(*this, handle);
     std::string name = NewName(object, handle - 1);
     node->SetName(name.data());
-    node->SetTMController(new PRSController);
+    node->SetTMController(m_makeController());
     node->SetObjectRef(object);
     node->SetParent(m_root);
     return *node;

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <string_view>
 #include <vector>
 
+#include "control.h"
 #include "host/core/WorldCache.h"
 #include "interval.h"
 #include "object.h"
@@ -14,14 +16,17 @@ class Node;
 // The nodes, what is selected, and the clock.
 class CoreExport Scene {
 public:
-    Scene();
+    // `makeController` makes the transform controller of a new node. The scene knows
+    // no class of controller; its owner does.
+    using ControllerMaker = std::function<Control*()>;
+    explicit Scene(ControllerMaker makeController);
     Scene(const Scene&) = delete;
     Scene& operator=(const Scene&) = delete;
     // Deletes the nodes, and with them what only they refer to.
     ~Scene();
 
     Node& GetRoot() { return *m_root; }
-    // A new node below the root, with the default controllers and a name from the
+    // A new node below the root, with a controller from the maker and a name from the
     // object's class.
     Node& AddNode(Object* object);
     // Its children go to the root and stay where they are. The root stays.
@@ -49,6 +54,7 @@ public:
     WorldCachePool& GetWorldCaches() { return m_worldCaches; }
 
 private:
+    ControllerMaker m_makeController;
     WorldCachePool m_worldCaches;
     ULONG m_lastHandle = 0;
     Node* m_root;

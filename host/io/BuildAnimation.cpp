@@ -5,7 +5,7 @@
 #include <cmath>
 #include <set>
 
-#include "host/core/SceneBuilder.h"
+#include "host/build/SceneBuilder.h"
 #include "host/io/EulerAngles.h"
 #include "host/io/Track.h"
 #include "units.h"

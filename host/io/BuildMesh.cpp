@@ -5,7 +5,7 @@
 #include <map>
 #include <set>
 
-#include "host/core/SceneBuilder.h"
+#include "host/build/SceneBuilder.h"
 
 namespace maxhost::io {
 

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <optional>
 
-#include "host/core/SceneBuilder.h"
+#include "host/build/SceneBuilder.h"
 #include "host/io/BuildAnimation.h"
 #include "host/io/BuildMesh.h"
 #include "host/io/EulerAngles.h"

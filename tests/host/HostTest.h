@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "host/core/HeadlessHost.h"
-#include "host/core/SceneBuilder.h"
+#include "host/app/HeadlessHost.h"
+#include "host/build/SceneBuilder.h"
 
 // Starts with an empty scene and closes it behind each test.
 class HostTest : public ::testing::Test {

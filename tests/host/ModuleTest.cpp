@@ -4,7 +4,7 @@
 #include <sstream>
 
 #include "HostTest.h"
-#include "host/core/Module.h"
+#include "host/app/Module.h"
 
 namespace {
 

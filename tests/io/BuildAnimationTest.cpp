@@ -3,8 +3,8 @@
 
 #include <cmath>
 
-#include "host/core/HeadlessHost.h"
-#include "host/core/SceneBuilder.h"
+#include "host/app/HeadlessHost.h"
+#include "host/build/SceneBuilder.h"
 #include "host/io/BuildScene.h"
 #include "host/io/SceneReader.h"
 #include "host/io/Track.h"

@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "host/core/HeadlessHost.h"
+#include "host/app/HeadlessHost.h"
 #include "stdmat.h"
 
 namespace maxhost::io {

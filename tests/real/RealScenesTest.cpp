@@ -16,7 +16,7 @@
 #include "exporter/ExportCore.h"
 #include "exporter/ExportOptions.h"
 #include "exporter/MaxExporter.h"
-#include "host/core/HeadlessHost.h"
+#include "host/app/HeadlessHost.h"
 #include "host/io/BuildScene.h"
 #include "host/io/SceneReader.h"
 #include "scenes/WorldPositions.h"

@@ -13,8 +13,8 @@
 #include "VKT/node/FnRegistry.h"
 #include "exporter/ExportCore.h"
 #include "exporter/ExportOptions.h"
-#include "host/core/HeadlessHost.h"
-#include "host/core/SceneBuilder.h"
+#include "host/app/HeadlessHost.h"
+#include "host/build/SceneBuilder.h"
 
 namespace export_scenes {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "host/core/HeadlessHost.h"
-#include "host/core/ModuleFile.h"
+#include "host/app/HeadlessHost.h"
+#include "host/app/ModuleFile.h"
 #include "host/core/Scene.h"
 #include "iparamb2.h"
 #include "units.h"

@@ -1,6 +1,6 @@
-#include "host/core/HostInterface.h"
+#include "host/app/HostInterface.h"
 
-#include "host/core/HeadlessHost.h"
+#include "host/app/HeadlessHost.h"
 #include "host/core/Node.h"
 #include "host/core/Scene.h"
 

@@ -1,4 +1,4 @@
-#include "host/core/HeadlessHost.h"
+#include "host/app/HeadlessHost.h"
 
 #include <algorithm>
 #include <cctype>
@@ -6,9 +6,10 @@
 #include <exception>
 #include <filesystem>
 
+#include "host/app/HostInterface.h"
+#include "host/app/Module.h"
 #include "host/controllers/Controllers.h"
-#include "host/core/HostInterface.h"
-#include "host/core/Module.h"
+#include "host/controllers/PRSController.h"
 #include "host/core/Scene.h"
 #include "host/materials/Materials.h"
 #include "host/modifiers/Modifiers.h"
@@ -26,6 +27,11 @@ std::string LowerCase(std::string text)
     return text;
 }
 
+std::unique_ptr<Scene> NewScene()
+{
+    return std::make_unique<Scene>([] { return new PRSController; });
+}
+
 }  // namespace
 
 HeadlessHost& HeadlessHost::Get()
@@ -34,8 +40,7 @@ HeadlessHost& HeadlessHost::Get()
     return host;
 }
 
-HeadlessHost::HeadlessHost()
-    : m_scene(std::make_unique<Scene>()), m_interface(std::make_unique<HostInterface>(*this))
+HeadlessHost::HeadlessHost() : m_scene(NewScene()), m_interface(std::make_unique<HostInterface>(*this))
 {
     AddObjectClasses(m_classes);
     AddModifierClasses(m_classes);
@@ -58,7 +63,7 @@ void HeadlessHost::Reset()
 {
     m_scene.reset();
     SceneObjects::FreeAll();
-    m_scene = std::make_unique<Scene>();
+    m_scene = NewScene();
 }
 
 void HeadlessHost::SetDirectory(int which, const std::string& path)

@@ -1,4 +1,4 @@
-#include "host/core/ModuleFile.h"
+#include "host/app/ModuleFile.h"
 
 #ifndef _WIN32
 #include <dlfcn.h>

@@ -1,9 +1,9 @@
-#include "host/core/SceneBuilder.h"
+#include "host/build/SceneBuilder.h"
 
+#include "host/app/HeadlessHost.h"
 #include "host/controllers/AffineParts.h"
 #include "host/controllers/PRSController.h"
 #include "host/controllers/XYZController.h"
-#include "host/core/HeadlessHost.h"
 #include "host/materials/BitmapTexture.h"
 #include "host/objects/SolidObject.h"
 

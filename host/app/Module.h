@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "host/app/ModuleFile.h"
 #include "host/core/ClassDirectory.h"
-#include "host/core/ModuleFile.h"
 
 namespace maxhost {
 

@@ -1,4 +1,4 @@
-#include "host/core/Module.h"
+#include "host/app/Module.h"
 
 namespace maxhost {
 
