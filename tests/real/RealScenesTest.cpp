@@ -13,9 +13,9 @@
 
 #include "VKT/support/LogCatcher.h"
 #include "VKT/support/TestModel.h"
-#include "exporter/ExportCore.h"
-#include "exporter/ExportOptions.h"
-#include "exporter/MaxExporter.h"
+#include "exporter/driver/MaxExporter.h"
+#include "exporter/options/ExportOptions.h"
+#include "exporter/walk/ExportCore.h"
 #include "host/app/HeadlessHost.h"
 #include "host/io/BuildScene.h"
 #include "host/io/SceneReader.h"

@@ -11,8 +11,8 @@
 #include "VKT/geometry/PolygonMesh.h"
 #include "VKT/hierarchy/Bone.h"
 #include "VKT/node/FnRegistry.h"
-#include "exporter/ExportCore.h"
-#include "exporter/ExportOptions.h"
+#include "exporter/options/ExportOptions.h"
+#include "exporter/walk/ExportCore.h"
 #include "host/app/HeadlessHost.h"
 #include "host/build/SceneBuilder.h"
 
