@@ -2,9 +2,9 @@
 #include <exception>
 #include <iostream>
 
-#include "Command.h"
-#include "Log.h"
 #include "VKT/node/FnRegistry.h"
+#include "common/Command.h"
+#include "common/Log.h"
 
 namespace {
 

@@ -1,0 +1,70 @@
+#include "common/SceneFile.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+
+#include "VKT/document/Model.h"
+#include "VKT/node/FnRegistry.h"
+#include "common/Log.h"
+#include "common/TerminalText.h"
+
+namespace tool {
+
+int LoadScene(VKT::XModel& model, const std::string& path, Log& log, bool loadCycles)
+{
+    log.ShowProgress("reading " + path);
+    const VKT::XFileResult result = model.Load(path.c_str(), loadCycles);
+    return result == VKT::FileOk ? 0 : log.SayLoadFailed(path, result);
+}
+
+std::optional<FileForm> FormOf(const std::string& path)
+{
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), &std::fclose);
+    constexpr std::size_t length = 9;  // |VKT_ 004 A
+    char header[length];
+    if (!file || std::fread(header, 1, length, file.get()) != length)
+        return std::nullopt;
+    return header[length - 1] == 'A' ? FileForm::Text : FileForm::Binary;
+}
+
+const char* NameOf(FileForm form)
+{
+    return form == FileForm::Text ? "text" : "binary";
+}
+
+std::string DescribeDropped(const VKT::XDroppedChunk& chunk)
+{
+    std::string out = chunk.key;
+    if (!chunk.name.empty())
+        out += " " + Quoted(chunk.name);
+    return out + (chunk.isDamaged ? ": is damaged" : ": is of no known type");
+}
+
+std::string DescribeDropped(const VKT::XDroppedReference& reference)
+{
+    return "bone " + Quoted(reference.bone) + ": instance " + Quoted(reference.instance) + ": no " +
+           reference.kind + " of id " + std::to_string(reference.id) + " stands ahead of it";
+}
+
+VKT::u64 SizeOf(const std::string& path)
+{
+    std::error_code error;
+    const auto size = std::filesystem::file_size(path, error);
+    return error ? 0 : size;
+}
+
+CLI::Validator IsScenePath()
+{
+    const auto check = [](const std::string& path) -> std::string {
+        const std::string extension = std::filesystem::path(path).extension().string();
+        const std::string word = VKT::LowerCaseExtension(extension);
+        return extension.size() == 4 && (word == "vkt" || word == "xld")
+                   ? ""
+                   : "must end in .vkt or .xld: " + path;
+    };
+    return CLI::Validator(check, "", "ScenePath");
+}
+
+}  // namespace tool
