@@ -40,40 +40,40 @@ HeadlessHost& HeadlessHost::Get()
     return host;
 }
 
-HeadlessHost::HeadlessHost() : m_scene(NewScene()), m_interface(std::make_unique<HostInterface>(*this))
+HeadlessHost::HeadlessHost() : m_Scene(NewScene()), m_Interface(std::make_unique<HostInterface>(*this))
 {
-    AddObjectClasses(m_classes);
-    AddModifierClasses(m_classes);
-    AddControllerClasses(m_classes);
-    AddMaterialClasses(m_classes);
+    AddObjectClasses(m_Classes);
+    AddModifierClasses(m_Classes);
+    AddControllerClasses(m_Classes);
+    AddMaterialClasses(m_Classes);
 }
 
 HeadlessHost::~HeadlessHost()
 {
-    m_scene.reset();
+    m_Scene.reset();
     SceneObjects::FreeAll();
 }
 
 Interface& HeadlessHost::GetInterface()
 {
-    return *m_interface;
+    return *m_Interface;
 }
 
 void HeadlessHost::Reset()
 {
-    m_scene.reset();
+    m_Scene.reset();
     SceneObjects::FreeAll();
-    m_scene = NewScene();
+    m_Scene = NewScene();
 }
 
 void HeadlessHost::SetDirectory(int which, const std::string& path)
 {
-    m_directories[which] = path;
+    m_Directories[which] = path;
 }
 
 const std::string& HeadlessHost::GetDirectory(int which)
 {
-    std::string& path = m_directories[which];
+    std::string& path = m_Directories[which];
     if (path.empty())
         path = std::filesystem::temp_directory_path().string();
     return path;
@@ -81,10 +81,10 @@ const std::string& HeadlessHost::GetDirectory(int which)
 
 bool HeadlessHost::LoadModule(const std::string& path, std::string& error)
 {
-    std::unique_ptr<Module> module = Module::Load(path, m_classes, error);
+    std::unique_ptr<Module> module = Module::Load(path, m_Classes, error);
     if (!module)
         return false;
-    m_modules.push_back(std::move(module));
+    m_Modules.push_back(std::move(module));
     // A module that is still loaded when the program ends is shut down before its own
     // static objects die: they were made before this handler is entered.
     std::atexit([] { Get().UnloadModules(); });
@@ -93,13 +93,13 @@ bool HeadlessHost::LoadModule(const std::string& path, std::string& error)
 
 void HeadlessHost::UnloadModules()
 {
-    while (!m_modules.empty())
-        m_modules.pop_back();
+    while (!m_Modules.empty())
+        m_Modules.pop_back();
 }
 
 SceneExport* HeadlessHost::FindExporter(const std::string& extension)
 {
-    for (ClassDesc* desc : m_classes.FindAll(SCENE_EXPORT_CLASS_ID)) {
+    for (ClassDesc* desc : m_Classes.FindAll(SCENE_EXPORT_CLASS_ID)) {
         SceneExport* exporter = static_cast<SceneExport*>(desc->Create(FALSE));
         if (!exporter)
             continue;
@@ -127,7 +127,7 @@ int HeadlessHost::Export(const std::string& path, const ExportOptions& options, 
             return IMPEXP_FAIL;
         }
         ExpInterface expInterface;
-        return exporter->DoExport(path.c_str(), &expInterface, m_interface.get(), options.suppressPrompts,
+        return exporter->DoExport(path.c_str(), &expInterface, m_Interface.get(), options.suppressPrompts,
                                   flags);
     } catch (const std::exception& exception) {
         error = std::string("the exporter failed: ") + exception.what();
@@ -137,8 +137,8 @@ int HeadlessHost::Export(const std::string& path, const ExportOptions& options, 
 
 void HeadlessHost::WriteDebugText(const char* text) const
 {
-    if (m_debugListener)
-        m_debugListener(text);
+    if (m_DebugListener)
+        m_DebugListener(text);
 }
 
 }  // namespace maxhost

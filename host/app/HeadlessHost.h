@@ -22,8 +22,8 @@ public:
 
     // What plug-ins get by GetCOREInterface.
     Interface& GetInterface();
-    ClassDirectory& GetClasses() { return m_classes; }
-    Scene& GetScene() { return *m_scene; }
+    ClassDirectory& GetClasses() { return m_Classes; }
+    Scene& GetScene() { return *m_Scene; }
 
     // Closes the scene: every object of it is freed, the clock and the animation range
     // are as at the start. Modules, folders and the listener stay.
@@ -39,7 +39,7 @@ public:
     bool LoadModule(const std::string& path, std::string& error);
     // Shuts down and unloads all modules, last one first.
     void UnloadModules();
-    const std::vector<std::unique_ptr<Module>>& GetModules() const { return m_modules; }
+    const std::vector<std::unique_ptr<Module>>& GetModules() const { return m_Modules; }
 
     struct ExportOptions {
         bool selectedOnly = false;
@@ -52,7 +52,7 @@ public:
 
     // Who hears OutputDebugString; nobody at the start.
     using DebugListener = std::function<void(const char* text)>;
-    void SetDebugListener(DebugListener listener) { m_debugListener = std::move(listener); }
+    void SetDebugListener(DebugListener listener) { m_DebugListener = std::move(listener); }
     void WriteDebugText(const char* text) const;
 
 private:
@@ -60,12 +60,12 @@ private:
     ~HeadlessHost();
     SceneExport* FindExporter(const std::string& extension);
 
-    ClassDirectory m_classes;
-    std::unique_ptr<Scene> m_scene;
-    std::unique_ptr<Interface> m_interface;
-    std::vector<std::unique_ptr<Module>> m_modules;
-    std::map<int, std::string> m_directories;
-    DebugListener m_debugListener;
+    ClassDirectory m_Classes;
+    std::unique_ptr<Scene> m_Scene;
+    std::unique_ptr<Interface> m_Interface;
+    std::vector<std::unique_ptr<Module>> m_Modules;
+    std::map<int, std::string> m_Directories;
+    DebugListener m_DebugListener;
 };
 
 }  // namespace maxhost

@@ -8,74 +8,74 @@ namespace maxhost {
 
 const MCHAR* HostInterface::GetDir(int which)
 {
-    return m_host.GetDirectory(which).c_str();
+    return m_Host.GetDirectory(which).c_str();
 }
 
 TimeValue HostInterface::GetTime()
 {
-    return m_host.GetScene().GetTime();
+    return m_Host.GetScene().GetTime();
 }
 
 void HostInterface::SetTime(TimeValue t, BOOL)
 {
-    m_host.GetScene().SetTime(t);
+    m_Host.GetScene().SetTime(t);
 }
 
 Interval HostInterface::GetAnimRange()
 {
-    return m_host.GetScene().GetAnimRange();
+    return m_Host.GetScene().GetAnimRange();
 }
 
 void HostInterface::SetAnimRange(Interval range)
 {
-    m_host.GetScene().SetAnimRange(range);
+    m_Host.GetScene().SetAnimRange(range);
 }
 
 INode* HostInterface::GetRootNode()
 {
-    return &m_host.GetScene().GetRoot();
+    return &m_Host.GetScene().GetRoot();
 }
 
 INode* HostInterface::GetINodeByName(const MCHAR* name)
 {
-    return m_host.GetScene().FindNode(name);
+    return m_Host.GetScene().FindNode(name);
 }
 
 INode* HostInterface::CreateObjectNode(Object* object)
 {
-    return &m_host.GetScene().AddNode(object);
+    return &m_Host.GetScene().AddNode(object);
 }
 
 void HostInterface::DeleteNode(INode* node, BOOL, BOOL)
 {
-    m_host.GetScene().RemoveNode(*static_cast<Node*>(node));
+    m_Host.GetScene().RemoveNode(*static_cast<Node*>(node));
 }
 
 void* HostInterface::CreateInstance(SClass_ID superClass, Class_ID classID)
 {
-    return m_host.GetClasses().Create(superClass, classID);
+    return m_Host.GetClasses().Create(superClass, classID);
 }
 
 int HostInterface::GetSelNodeCount()
 {
-    return static_cast<int>(m_host.GetScene().GetSelection().size());
+    return static_cast<int>(m_Host.GetScene().GetSelection().size());
 }
 
 INode* HostInterface::GetSelNode(int i)
 {
-    return m_host.GetScene().GetSelection()[static_cast<std::size_t>(i)];
+    return m_Host.GetScene().GetSelection()[static_cast<std::size_t>(i)];
 }
 
 void HostInterface::SelectNode(INode* node, int clear)
 {
     if (clear)
-        m_host.GetScene().ClearSelection();
-    m_host.GetScene().Select(*static_cast<Node*>(node));
+        m_Host.GetScene().ClearSelection();
+    m_Host.GetScene().Select(*static_cast<Node*>(node));
 }
 
 void HostInterface::ClearNodeSelection(BOOL)
 {
-    m_host.GetScene().ClearSelection();
+    m_Host.GetScene().ClearSelection();
 }
 
 }  // namespace maxhost

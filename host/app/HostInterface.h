@@ -10,7 +10,7 @@ class HeadlessHost;
 // folders of a host. There are no windows.
 class HostInterface final : public Interface {
 public:
-    explicit HostInterface(HeadlessHost& host) : m_host(host) {}
+    explicit HostInterface(HeadlessHost& host) : m_Host(host) {}
 
     HWND GetMAXHWnd() override { return nullptr; }
     const MCHAR* GetDir(int which) override;
@@ -34,7 +34,7 @@ public:
     void RedrawViews(TimeValue, DWORD, ReferenceTarget*) override {}
 
 private:
-    HeadlessHost& m_host;
+    HeadlessHost& m_Host;
 };
 
 }  // namespace maxhost

@@ -14,7 +14,7 @@ constexpr ULONG kVersion = VERSION_3DSMAX;
 }  // namespace
 
 Module::Module(const std::string& path, ClassDirectory& directory, std::string& error)
-    : m_path(path), m_directory(directory), m_file(path, error)
+    : m_Path(path), m_Directory(directory), m_File(path, error)
 {
 }
 
@@ -22,7 +22,7 @@ std::unique_ptr<Module> Module::Load(const std::string& path, ClassDirectory& cl
 {
     std::string reason;
     std::unique_ptr<Module> module(new Module(path, classes, reason));
-    if (module->m_file.IsOpen() && module->Start(reason) && module->Register(reason))
+    if (module->m_File.IsOpen() && module->Start(reason) && module->Register(reason))
         return module;
     error = path + ": " + reason;
     return nullptr;
@@ -31,52 +31,52 @@ std::unique_ptr<Module> Module::Load(const std::string& path, ClassDirectory& cl
 bool Module::Start(std::string& error)
 {
     for (const char* name : {"LibVersion", "LibDescription", "LibNumberClasses", "LibClassDesc"}) {
-        if (!ModuleFile::FindSymbol(m_file.GetHandle(), name)) {
+        if (!ModuleFile::FindSymbol(m_File.GetHandle(), name)) {
             error = std::string("is no plug-in: it does not export ") + name;
             return false;
         }
     }
-    const ULONG version = m_file.Find<VersionFunction>("LibVersion")();
+    const ULONG version = m_File.Find<VersionFunction>("LibVersion")();
     if (version != kVersion) {
         error = "was built for version " + std::to_string(version) + " of the host, this is version " +
                 std::to_string(kVersion);
         return false;
     }
-    NumberFunction* initialize = m_file.Find<NumberFunction>("LibInitialize");
+    NumberFunction* initialize = m_File.Find<NumberFunction>("LibInitialize");
     if (initialize && initialize() == 0) {
         error = "refused to start";
         return false;
     }
-    m_started = true;
-    const MCHAR* description = m_file.Find<DescriptionFunction>("LibDescription")();
-    m_description = description ? description : "";
+    m_Started = true;
+    const MCHAR* description = m_File.Find<DescriptionFunction>("LibDescription")();
+    m_Description = description ? description : "";
     return true;
 }
 
 bool Module::Register(std::string& error)
 {
-    const int count = m_file.Find<NumberFunction>("LibNumberClasses")();
-    ClassFunction* describe = m_file.Find<ClassFunction>("LibClassDesc");
+    const int count = m_File.Find<NumberFunction>("LibNumberClasses")();
+    ClassFunction* describe = m_File.Find<ClassFunction>("LibClassDesc");
     for (int i = 0; i < count; ++i) {
         ClassDesc* desc = describe(i);
         if (!desc) {
             error = "has no class " + std::to_string(i) + " of " + std::to_string(count);
             return false;
         }
-        if (!m_directory.Add(*desc)) {
+        if (!m_Directory.Add(*desc)) {
             error = std::string("brings class \"") + desc->ClassName() + "\", which is there already";
             return false;
         }
-        m_classes.push_back(desc);
+        m_Classes.push_back(desc);
     }
     return true;
 }
 
 Module::~Module()
 {
-    for (ClassDesc* desc : m_classes)
-        m_directory.Remove(*desc);
-    NumberFunction* shutdown = m_started ? m_file.Find<NumberFunction>("LibShutdown") : nullptr;
+    for (ClassDesc* desc : m_Classes)
+        m_Directory.Remove(*desc);
+    NumberFunction* shutdown = m_Started ? m_File.Find<NumberFunction>("LibShutdown") : nullptr;
     if (shutdown)
         shutdown();
 }

@@ -21,21 +21,21 @@ public:
     Module& operator=(const Module&) = delete;
     ~Module();
 
-    const std::string& GetPath() const { return m_path; }
-    const std::string& GetDescription() const { return m_description; }
-    const std::vector<ClassDesc*>& GetClasses() const { return m_classes; }
+    const std::string& GetPath() const { return m_Path; }
+    const std::string& GetDescription() const { return m_Description; }
+    const std::vector<ClassDesc*>& GetClasses() const { return m_Classes; }
 
 private:
     Module(const std::string& path, ClassDirectory& directory, std::string& error);
     bool Start(std::string& error);
     bool Register(std::string& error);
 
-    std::string m_path;
-    ClassDirectory& m_directory;
-    ModuleFile m_file;
-    std::string m_description;
-    std::vector<ClassDesc*> m_classes;
-    bool m_started = false;
+    std::string m_Path;
+    ClassDirectory& m_Directory;
+    ModuleFile m_File;
+    std::string m_Description;
+    std::vector<ClassDesc*> m_Classes;
+    bool m_Started = false;
 };
 
 }  // namespace maxhost

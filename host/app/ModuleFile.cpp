@@ -8,16 +8,16 @@ namespace maxhost {
 
 #ifdef _WIN32
 
-ModuleFile::ModuleFile(const std::string& path, std::string& error) : m_handle(LoadLibraryA(path.c_str()))
+ModuleFile::ModuleFile(const std::string& path, std::string& error) : m_Handle(LoadLibraryA(path.c_str()))
 {
-    if (!m_handle)
+    if (!m_Handle)
         error = "system error " + std::to_string(GetLastError());
 }
 
 ModuleFile::~ModuleFile()
 {
-    if (m_handle)
-        FreeLibrary(m_handle);
+    if (m_Handle)
+        FreeLibrary(m_Handle);
 }
 
 void* ModuleFile::FindSymbol(HINSTANCE handle, const char* name)
@@ -34,21 +34,21 @@ using EntryFunction = int(HINSTANCE, DWORD, LPVOID);
 }  // namespace
 
 ModuleFile::ModuleFile(const std::string& path, std::string& error)
-    : m_handle(static_cast<HINSTANCE>(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)))
+    : m_Handle(static_cast<HINSTANCE>(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)))
 {
-    if (!m_handle)
+    if (!m_Handle)
         error = dlerror();
     else if (EntryFunction* entry = Find<EntryFunction>("DllMain"))
-        entry(m_handle, DLL_PROCESS_ATTACH, nullptr);
+        entry(m_Handle, DLL_PROCESS_ATTACH, nullptr);
 }
 
 ModuleFile::~ModuleFile()
 {
-    if (!m_handle)
+    if (!m_Handle)
         return;
     if (EntryFunction* entry = Find<EntryFunction>("DllMain"))
-        entry(m_handle, DLL_PROCESS_DETACH, nullptr);
-    dlclose(m_handle);
+        entry(m_Handle, DLL_PROCESS_DETACH, nullptr);
+    dlclose(m_Handle);
 }
 
 void* ModuleFile::FindSymbol(HINSTANCE handle, const char* name)

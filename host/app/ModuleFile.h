@@ -16,19 +16,19 @@ public:
     ModuleFile& operator=(const ModuleFile&) = delete;
     ~ModuleFile();
 
-    bool IsOpen() const { return m_handle != nullptr; }
-    HINSTANCE GetHandle() const { return m_handle; }
+    bool IsOpen() const { return m_Handle != nullptr; }
+    HINSTANCE GetHandle() const { return m_Handle; }
 
     // Null when the library exports no such function.
     template <class Function>
     Function* Find(const char* name) const
     {
-        return reinterpret_cast<Function*>(FindSymbol(m_handle, name));
+        return reinterpret_cast<Function*>(FindSymbol(m_Handle, name));
     }
     static void* FindSymbol(HINSTANCE handle, const char* name);
 
 private:
-    HINSTANCE m_handle = nullptr;
+    HINSTANCE m_Handle = nullptr;
 };
 
 }  // namespace maxhost

@@ -19,7 +19,7 @@ public:
     using Value = typename Kind::Value;
 
     KeyedController() = default;
-    explicit KeyedController(const Value& value) : m_value(value) {}
+    explicit KeyedController(const Value& value) : m_Value(value) {}
 
     SClass_ID SuperClassID() override { return Kind::kSuperClass; }
     Class_ID ClassID() override { return Kind::GetClassID(); }
@@ -47,79 +47,79 @@ public:
         const Value current = Evaluate(t, valid);
         const Value given = *static_cast<Value*>(val);
         const Value value = method == CTRL_ABSOLUTE ? given : Kind::Moved(current, given);
-        if (m_keys.empty() && (!Animating() || t == 0)) {
-            m_value = value;
+        if (m_Keys.empty() && (!Animating() || t == 0)) {
+            m_Value = value;
         } else if (!Animating()) {
-            for (Key& key : m_keys)
+            for (Key& key : m_Keys)
                 key.val = Kind::Shifted(key.val, current, value);
         } else {
-            if (m_keys.empty())
-                PutKey(0, m_value);
+            if (m_Keys.empty())
+                PutKey(0, m_Value);
             PutKey(t, value);
         }
         Changed();
     }
 
-    int GetNumKeys() override { return static_cast<int>(m_keys.size()); }
+    int GetNumKeys() override { return static_cast<int>(m_Keys.size()); }
     void SetNumKeys(int n) override
     {
-        m_keys.resize(static_cast<std::size_t>(std::max(n, 0)));
-        m_sorted = false;
+        m_Keys.resize(static_cast<std::size_t>(std::max(n, 0)));
+        m_Sorted = false;
         Changed();
     }
-    void GetKey(int i, IKey* key) override { *static_cast<Key*>(key) = m_keys[static_cast<std::size_t>(i)]; }
+    void GetKey(int i, IKey* key) override { *static_cast<Key*>(key) = m_Keys[static_cast<std::size_t>(i)]; }
     void SetKey(int i, IKey* key) override
     {
-        m_keys[static_cast<std::size_t>(i)] = *static_cast<Key*>(key);
-        m_sorted = false;
+        m_Keys[static_cast<std::size_t>(i)] = *static_cast<Key*>(key);
+        m_Sorted = false;
         Changed();
     }
     int AppendKey(IKey* key) override
     {
-        m_keys.push_back(*static_cast<Key*>(key));
-        m_sorted = false;
+        m_Keys.push_back(*static_cast<Key*>(key));
+        m_Sorted = false;
         Changed();
         return GetNumKeys() - 1;
     }
     void SortKeys() override
     {
-        if (!m_sorted)
-            std::stable_sort(m_keys.begin(), m_keys.end(),
+        if (!m_Sorted)
+            std::stable_sort(m_Keys.begin(), m_Keys.end(),
                              [](const Key& a, const Key& b) { return a.time < b.time; });
-        m_sorted = true;
+        m_Sorted = true;
     }
-    DWORD& GetTrackFlags() override { return m_trackFlags; }
+    DWORD& GetTrackFlags() override { return m_TrackFlags; }
     int GetKeySize() override { return sizeof(Key); }
 
 private:
     Value Evaluate(TimeValue t, Interval& valid)
     {
-        if (m_keys.empty())
-            return m_value;
+        if (m_Keys.empty())
+            return m_Value;
         SortKeys();
-        const auto right = std::upper_bound(m_keys.begin(), m_keys.end(), t,
+        const auto right = std::upper_bound(m_Keys.begin(), m_Keys.end(), t,
                                             [](TimeValue time, const Key& key) { return time < key.time; });
-        if (right == m_keys.begin()) {
+        if (right == m_Keys.begin()) {
             valid &= Interval(TIME_NegInfinity, right->time);
             return right->val;
         }
         const auto left = right - 1;
-        if (right == m_keys.end()) {
+        if (right == m_Keys.end()) {
             valid &= Interval(left->time, TIME_PosInfinity);
             return left->val;
         }
         valid &= Interval(t, t);
-        return Kind::Between(left != m_keys.begin() ? &*(left - 1) : nullptr, *left, *right,
-                             right + 1 != m_keys.end() ? &*(right + 1) : nullptr, t);
+        return Kind::Between(left != m_Keys.begin() ? &*(left - 1) : nullptr, *left, *right,
+                             right + 1 != m_Keys.end() ? &*(right + 1) : nullptr, t);
     }
 
     void PutKey(TimeValue t, const Value& value)
     {
         SortKeys();
-        auto place = std::lower_bound(m_keys.begin(), m_keys.end(), t,
+        auto place = std::lower_bound(m_Keys.begin(), m_Keys.end(), t,
                                       [](const Key& key, TimeValue time) { return key.time < time; });
-        if (place == m_keys.end() || place->time != t) {
-            place = m_keys.insert(place, Key());
+        if (place == m_Keys.end() || place->time != t) {
+            place = m_Keys.insert(place, Key());
             place->time = t;
         }
         place->val = value;
@@ -127,10 +127,10 @@ private:
 
     void Changed() { NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE); }
 
-    std::vector<Key> m_keys;
-    Value m_value = Kind::Neutral();
-    DWORD m_trackFlags = 0;
-    bool m_sorted = true;
+    std::vector<Key> m_Keys;
+    Value m_Value = Kind::Neutral();
+    DWORD m_TrackFlags = 0;
+    bool m_Sorted = true;
 };
 
 // Straight lines between keys.

@@ -6,7 +6,7 @@
 namespace maxhost {
 
 PRSController::PRSController()
-    : m_position(*this, new PositionXYZ), m_rotation(*this, new EulerXYZ), m_scale(*this, new BezierScale)
+    : m_Position(*this, new PositionXYZ), m_Rotation(*this, new EulerXYZ), m_Scale(*this, new BezierScale)
 {
 }
 
@@ -18,12 +18,12 @@ MSTR PRSController::SubAnimName(int i)
 
 Control* PRSController::GetPart(int i)
 {
-    return (i == 0 ? m_position : i == 1 ? m_rotation : m_scale).Get();
+    return (i == 0 ? m_Position : i == 1 ? m_Rotation : m_Scale).Get();
 }
 
 void PRSController::SetReference(int i, RefTargetHandle target)
 {
-    (i == 0 ? m_position : i == 1 ? m_rotation : m_scale).Set(static_cast<Control*>(target));
+    (i == 0 ? m_Position : i == 1 ? m_Rotation : m_Scale).Set(static_cast<Control*>(target));
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }
 
@@ -75,12 +75,12 @@ void PRSController::SetValue(TimeValue t, void* val, int commit, GetSetMethod me
         local = local * current;
     }
     AffineParts parts = TakeApart(local);
-    if (m_position)
-        m_position->SetValue(t, &parts.position, commit, CTRL_ABSOLUTE);
-    if (m_rotation)
-        m_rotation->SetValue(t, &parts.rotation, commit, CTRL_ABSOLUTE);
-    if (m_scale)
-        m_scale->SetValue(t, &parts.scale, commit, CTRL_ABSOLUTE);
+    if (m_Position)
+        m_Position->SetValue(t, &parts.position, commit, CTRL_ABSOLUTE);
+    if (m_Rotation)
+        m_Rotation->SetValue(t, &parts.rotation, commit, CTRL_ABSOLUTE);
+    if (m_Scale)
+        m_Scale->SetValue(t, &parts.scale, commit, CTRL_ABSOLUTE);
 }
 
 }  // namespace maxhost

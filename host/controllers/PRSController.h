@@ -25,9 +25,9 @@ public:
     void SetReference(int i, RefTargetHandle target) override;
     RefResult NotifyRefChanged(Interval changed, RefTargetHandle, PartID& part, RefMessage message) override;
 
-    Control* GetPositionController() override { return m_position.Get(); }
-    Control* GetRotationController() override { return m_rotation.Get(); }
-    Control* GetScaleController() override { return m_scale.Get(); }
+    Control* GetPositionController() override { return m_Position.Get(); }
+    Control* GetRotationController() override { return m_Rotation.Get(); }
+    Control* GetScaleController() override { return m_Scale.Get(); }
     // FALSE for a controller of another kind.
     BOOL SetPositionController(Control* controller) override;
     BOOL SetRotationController(Control* controller) override;
@@ -40,9 +40,9 @@ private:
     Control* GetPart(int i);
     BOOL Replace(int i, Control* controller, SClass_ID superClass);
 
-    Reference<Control> m_position;
-    Reference<Control> m_rotation;
-    Reference<Control> m_scale;
+    Reference<Control> m_Position;
+    Reference<Control> m_Rotation;
+    Reference<Control> m_Scale;
 };
 
 }  // namespace maxhost

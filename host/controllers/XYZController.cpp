@@ -5,8 +5,8 @@
 namespace maxhost {
 
 XYZController::XYZController(const char* what, float value)
-    : m_what(what),
-      m_axes{Reference<Control>(*this, new BezierFloat(value)),
+    : m_What(what),
+      m_Axes{Reference<Control>(*this, new BezierFloat(value)),
              Reference<Control>(*this, new BezierFloat(value)),
              Reference<Control>(*this, new BezierFloat(value))}
 {
@@ -15,12 +15,12 @@ XYZController::XYZController(const char* what, float value)
 MSTR XYZController::SubAnimName(int i)
 {
     const char* const axes[] = {"X ", "Y ", "Z "};
-    return MSTR(axes[i]) + m_what;
+    return MSTR(axes[i]) + m_What;
 }
 
 void XYZController::SetReference(int i, RefTargetHandle target)
 {
-    m_axes[static_cast<std::size_t>(i)].Set(static_cast<Control*>(target));
+    m_Axes[static_cast<std::size_t>(i)].Set(static_cast<Control*>(target));
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }
 

@@ -30,10 +30,10 @@ protected:
     void SetAxes(TimeValue t, Point3 values);
 
 private:
-    Control* GetAxis(int i) { return m_axes[static_cast<std::size_t>(i)].Get(); }
+    Control* GetAxis(int i) { return m_Axes[static_cast<std::size_t>(i)].Get(); }
 
-    const char* m_what;  // "Position" and so on, for the names of the parts
-    std::array<Reference<Control>, 3> m_axes;
+    const char* m_What;  // "Position" and so on, for the names of the parts
+    std::array<Reference<Control>, 3> m_Axes;
 };
 
 class PositionXYZ final : public XYZController {

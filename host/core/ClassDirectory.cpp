@@ -7,14 +7,14 @@ namespace maxhost {
 void ClassDirectory::AddBuiltIn(std::unique_ptr<ClassDesc> desc)
 {
     if (Add(*desc))
-        m_builtIn.push_back(std::move(desc));
+        m_BuiltIn.push_back(std::move(desc));
 }
 
 bool ClassDirectory::Add(ClassDesc& desc)
 {
-    if (!m_byId.try_emplace({desc.SuperClassID(), desc.ClassID()}, &desc).second)
+    if (!m_ById.try_emplace({desc.SuperClassID(), desc.ClassID()}, &desc).second)
         return false;
-    m_order.push_back(&desc);
+    m_Order.push_back(&desc);
     return true;
 }
 
@@ -22,20 +22,20 @@ void ClassDirectory::Remove(ClassDesc& desc)
 {
     if (Find(desc.SuperClassID(), desc.ClassID()) != &desc)
         return;
-    m_byId.erase({desc.SuperClassID(), desc.ClassID()});
-    std::erase(m_order, &desc);
+    m_ById.erase({desc.SuperClassID(), desc.ClassID()});
+    std::erase(m_Order, &desc);
 }
 
 ClassDesc* ClassDirectory::Find(SClass_ID superClass, Class_ID classID) const
 {
-    const auto found = m_byId.find({superClass, classID});
-    return found != m_byId.end() ? found->second : nullptr;
+    const auto found = m_ById.find({superClass, classID});
+    return found != m_ById.end() ? found->second : nullptr;
 }
 
 std::vector<ClassDesc*> ClassDirectory::FindAll(SClass_ID superClass) const
 {
     std::vector<ClassDesc*> found;
-    std::copy_if(m_order.begin(), m_order.end(), std::back_inserter(found),
+    std::copy_if(m_Order.begin(), m_Order.end(), std::back_inserter(found),
                  [=](ClassDesc* desc) { return desc->SuperClassID() == superClass; });
     return found;
 }

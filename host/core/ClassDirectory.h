@@ -30,9 +30,9 @@ public:
     void* Create(SClass_ID superClass, Class_ID classID) const;
 
 private:
-    std::vector<ClassDesc*> m_order;
-    std::map<std::pair<SClass_ID, Class_ID>, ClassDesc*> m_byId;
-    std::vector<std::unique_ptr<ClassDesc>> m_builtIn;
+    std::vector<ClassDesc*> m_Order;
+    std::map<std::pair<SClass_ID, Class_ID>, ClassDesc*> m_ById;
+    std::vector<std::unique_ptr<ClassDesc>> m_BuiltIn;
 };
 
 // Describes class T of the host, whose instances are handed out as its Base.
@@ -40,7 +40,7 @@ template <class Base, class T = Base>
 class BuiltInClass final : public ClassDesc {
 public:
     BuiltInClass(std::string name, SClass_ID superClass, Class_ID classID)
-        : m_name(std::move(name)), m_superClass(superClass), m_classID(classID)
+        : m_Name(std::move(name)), m_SuperClass(superClass), m_ClassID(classID)
     {
     }
 
@@ -48,19 +48,19 @@ public:
     void* Create(BOOL) override
     {
         if constexpr (std::is_constructible_v<T, const std::string&, SClass_ID, Class_ID>)
-            return static_cast<Base*>(SceneObjects::Adopt(new T(m_name, m_superClass, m_classID)));
+            return static_cast<Base*>(SceneObjects::Adopt(new T(m_Name, m_SuperClass, m_ClassID)));
         else
             return static_cast<Base*>(SceneObjects::Adopt(new T));
     }
-    const MCHAR* ClassName() override { return m_name.c_str(); }
-    SClass_ID SuperClassID() override { return m_superClass; }
-    Class_ID ClassID() override { return m_classID; }
+    const MCHAR* ClassName() override { return m_Name.c_str(); }
+    SClass_ID SuperClassID() override { return m_SuperClass; }
+    Class_ID ClassID() override { return m_ClassID; }
     const MCHAR* Category() override { return "Standard"; }
 
 private:
-    std::string m_name;
-    SClass_ID m_superClass;
-    Class_ID m_classID;
+    std::string m_Name;
+    SClass_ID m_SuperClass;
+    Class_ID m_ClassID;
 };
 
 }  // namespace maxhost

@@ -5,12 +5,12 @@
 namespace maxhost {
 
 Node::Node(Scene& scene, ULONG handle)
-    : m_scene(scene),
-      m_handle(handle),
-      m_controller(*this),
-      m_object(*this),
-      m_material(*this),
-      m_world(scene.GetWorldCaches())
+    : m_Scene(scene),
+      m_Handle(handle),
+      m_Controller(*this),
+      m_Object(*this),
+      m_Material(*this),
+      m_World(scene.GetWorldCaches())
 {
 }
 
@@ -18,18 +18,18 @@ Node::~Node() = default;
 
 void Node::DeleteThis()
 {
-    m_scene.RemoveNode(*this);
+    m_Scene.RemoveNode(*this);
 }
 
 RefTargetHandle Node::GetReference(int i)
 {
     switch (i) {
         case 0:
-            return m_controller.Get();
+            return m_Controller.Get();
         case 1:
-            return m_object.Get();
+            return m_Object.Get();
         case 2:
-            return m_material.Get();
+            return m_Material.Get();
         default:
             return nullptr;
     }
@@ -52,7 +52,7 @@ void Node::SetReference(int i, RefTargetHandle target)
 
 RefResult Node::NotifyRefChanged(Interval, RefTargetHandle target, PartID&, RefMessage message)
 {
-    if (message == REFMSG_CHANGE && target == m_controller.Get())
+    if (message == REFMSG_CHANGE && target == m_Controller.Get())
         InvalidateTreeTM();
     return REF_SUCCEED;
 }
@@ -69,8 +69,8 @@ WorldCache::Entry Node::EvaluateWorld(TimeValue t)
 {
     WorldCache::Entry world{FOREVER, Matrix3(TRUE)};
     std::vector<Node*> unknown;
-    for (Node* node = this; node; node = node->m_parent) {
-        if (const WorldCache::Entry* known = node->m_world.Find(t)) {
+    for (Node* node = this; node; node = node->m_Parent) {
+        if (const WorldCache::Entry* known = node->m_World.Find(t)) {
             world = *known;
             break;
         }
@@ -78,34 +78,34 @@ WorldCache::Entry Node::EvaluateWorld(TimeValue t)
     }
     for (; !unknown.empty(); unknown.pop_back()) {
         Node& node = *unknown.back();
-        if (node.m_controller)
-            node.m_controller->GetValue(t, &world.tm, world.valid, CTRL_RELATIVE);
-        node.m_world.Add(t, world);
-        node.m_evaluated = true;
+        if (node.m_Controller)
+            node.m_Controller->GetValue(t, &world.tm, world.valid, CTRL_RELATIVE);
+        node.m_World.Add(t, world);
+        node.m_Evaluated = true;
     }
     return world;
 }
 
 void Node::SetNodeTM(TimeValue t, Matrix3& tm)
 {
-    if (!m_controller)
+    if (!m_Controller)
         return;
     Matrix3 local = tm * Inverse(GetParentTM(t));
-    m_controller->SetValue(t, &local);
+    m_Controller->SetValue(t, &local);
 }
 
 Matrix3 Node::GetObjectTM(TimeValue t, Interval* valid)
 {
     Matrix3 tm = GetNodeTM(t, valid);
-    tm.PreTranslate(m_offsetPosition);
-    PreRotateMatrix(tm, m_offsetRotation);
-    ApplyScaling(tm, m_offsetScale);
+    tm.PreTranslate(m_OffsetPosition);
+    PreRotateMatrix(tm, m_OffsetRotation);
+    ApplyScaling(tm, m_OffsetScale);
     return tm;
 }
 
 Matrix3 Node::GetParentTM(TimeValue t)
 {
-    return m_parent ? m_parent->GetNodeTM(t, nullptr) : Matrix3(TRUE);
+    return m_Parent ? m_Parent->GetNodeTM(t, nullptr) : Matrix3(TRUE);
 }
 
 void Node::InvalidateTreeTM()
@@ -114,37 +114,37 @@ void Node::InvalidateTreeTM()
     while (!pending.empty()) {
         Node& node = *pending.back();
         pending.pop_back();
-        if (!node.m_evaluated)
+        if (!node.m_Evaluated)
             continue;
-        node.m_evaluated = false;
-        node.m_world.Clear();
-        for (Node* child : node.m_children)
-            if (child && child->m_evaluated)
+        node.m_Evaluated = false;
+        node.m_World.Clear();
+        for (Node* child : node.m_Children)
+            if (child && child->m_Evaluated)
                 pending.push_back(child);
     }
 }
 
 const ObjectState& Node::EvalWorldState(TimeValue t, BOOL)
 {
-    m_state = m_object ? m_object->Eval(t) : ObjectState();
-    return m_state;
+    m_State = m_Object ? m_Object->Eval(t) : ObjectState();
+    return m_State;
 }
 
 BOOL Node::SetTMController(Control* controller)
 {
-    m_controller.Set(controller);
+    m_Controller.Set(controller);
     InvalidateTreeTM();
     return TRUE;
 }
 
 void Node::AttachChild(INode* child, int keepTM)
 {
-    Attach(*static_cast<Node*>(child), m_scene.GetTime(), keepTM != 0);
+    Attach(*static_cast<Node*>(child), m_Scene.GetTime(), keepTM != 0);
 }
 
 void Node::Detach(TimeValue t, int keepTM)
 {
-    m_scene.GetRoot().Attach(*this, t, keepTM != 0);
+    m_Scene.GetRoot().Attach(*this, t, keepTM != 0);
 }
 
 void Node::Attach(Node& child, TimeValue t, bool keepTM)
@@ -154,9 +154,9 @@ void Node::Attach(Node& child, TimeValue t, bool keepTM)
     Matrix3 world = child.GetNodeTM(t, nullptr);
     child.SetParent(this);
     if (keepTM) {
-        m_scene.SuspendAnimate();
+        m_Scene.SuspendAnimate();
         child.SetNodeTM(t, world);
-        m_scene.ResumeAnimate();
+        m_Scene.ResumeAnimate();
     }
 }
 
@@ -166,49 +166,49 @@ bool Node::IsAtOrBelow(const Node& other) const
 {
     if (this == &other)
         return true;
-    if (other.m_children.size() == other.m_gaps)
+    if (other.m_Children.size() == other.m_Gaps)
         return false;
     const Node* node = this;
     while (node && node != &other)
-        node = node->m_parent;
+        node = node->m_Parent;
     return node != nullptr;
 }
 
 const std::vector<Node*>& Node::Children()
 {
-    if (m_gaps > 0) {
-        std::erase(m_children, nullptr);
-        for (std::size_t i = 0; i < m_children.size(); ++i)
-            m_children[i]->m_place = i;
-        m_gaps = 0;
+    if (m_Gaps > 0) {
+        std::erase(m_Children, nullptr);
+        for (std::size_t i = 0; i < m_Children.size(); ++i)
+            m_Children[i]->m_Place = i;
+        m_Gaps = 0;
     }
-    return m_children;
+    return m_Children;
 }
 
 void Node::SetParent(Node* parent)
 {
-    if (m_parent) {
-        m_parent->m_children[m_place] = nullptr;
-        ++m_parent->m_gaps;
+    if (m_Parent) {
+        m_Parent->m_Children[m_Place] = nullptr;
+        ++m_Parent->m_Gaps;
     }
-    m_parent = parent;
+    m_Parent = parent;
     if (parent) {
-        if (parent->m_gaps > parent->m_children.size() / 2)
+        if (parent->m_Gaps > parent->m_Children.size() / 2)
             parent->Children();  // closes the gaps
-        m_place = parent->m_children.size();
-        parent->m_children.push_back(this);
+        m_Place = parent->m_Children.size();
+        parent->m_Children.push_back(this);
     }
     InvalidateTreeTM();
 }
 
 BOOL Node::UserPropExists(const MSTR& key)
 {
-    return m_properties.GetString(key.data()).has_value();
+    return m_Properties.GetString(key.data()).has_value();
 }
 
 BOOL Node::GetUserPropString(const MSTR& key, MSTR& value)
 {
-    const auto text = m_properties.GetString(key.data());
+    const auto text = m_Properties.GetString(key.data());
     if (text)
         value = text->c_str();
     return text.has_value();
@@ -216,28 +216,28 @@ BOOL Node::GetUserPropString(const MSTR& key, MSTR& value)
 
 BOOL Node::GetUserPropInt(const MSTR& key, int& value)
 {
-    const auto number = m_properties.GetInt(key.data());
+    const auto number = m_Properties.GetInt(key.data());
     value = number.value_or(value);
     return number.has_value();
 }
 
 BOOL Node::GetUserPropFloat(const MSTR& key, float& value)
 {
-    const auto number = m_properties.GetFloat(key.data());
+    const auto number = m_Properties.GetFloat(key.data());
     value = number.value_or(value);
     return number.has_value();
 }
 
 BOOL Node::GetUserPropBool(const MSTR& key, BOOL& value)
 {
-    const auto flag = m_properties.GetBool(key.data());
+    const auto flag = m_Properties.GetBool(key.data());
     value = flag.value_or(value);
     return flag.has_value();
 }
 
 void Node::SetUserPropString(const MSTR& key, const MSTR& value)
 {
-    m_properties.Set(key.data(), std::string_view(value.data()));
+    m_Properties.Set(key.data(), std::string_view(value.data()));
 }
 
 }  // namespace maxhost

@@ -34,9 +34,9 @@ public:
     RefResult NotifyRefChanged(Interval changed, RefTargetHandle target, PartID& part,
                                RefMessage message) override;
 
-    const MCHAR* GetName() override { return m_name.c_str(); }
-    void SetName(MCHAR* name) override { m_name = name; }
-    ULONG GetHandle() override { return m_handle; }
+    const MCHAR* GetName() override { return m_Name.c_str(); }
+    void SetName(MCHAR* name) override { m_Name = name; }
+    ULONG GetHandle() override { return m_Handle; }
 
     Matrix3 GetNodeTM(TimeValue t, Interval* valid) override;
     void SetNodeTM(TimeValue t, Matrix3& tm) override;
@@ -48,89 +48,89 @@ public:
     void InvalidateWS() override {}  // objects keep their results themselves
 
     const ObjectState& EvalWorldState(TimeValue t, BOOL evalHidden) override;
-    Object* GetObjectRef() override { return m_object.Get(); }
-    Object* GetObjOrWSMRef() override { return m_object.Get(); }
-    void SetObjectRef(Object* object) override { m_object.Set(object); }
-    Control* GetTMController() override { return m_controller.Get(); }
+    Object* GetObjectRef() override { return m_Object.Get(); }
+    Object* GetObjOrWSMRef() override { return m_Object.Get(); }
+    void SetObjectRef(Object* object) override { m_Object.Set(object); }
+    Control* GetTMController() override { return m_Controller.Get(); }
     BOOL SetTMController(Control* controller) override;
-    Mtl* GetMtl() override { return m_material.Get(); }
-    void SetMtl(Mtl* material) override { m_material.Set(material); }
+    Mtl* GetMtl() override { return m_Material.Get(); }
+    void SetMtl(Mtl* material) override { m_Material.Set(material); }
 
-    INode* GetParentNode() override { return m_parent; }
+    INode* GetParentNode() override { return m_Parent; }
     int NumberOfChildren() override { return static_cast<int>(Children().size()); }
     INode* GetChildNode(int i) override { return Children()[static_cast<std::size_t>(i)]; }
     // A node does not become the child of itself or of one below it.
     void AttachChild(INode* child, int keepTM) override;
     void Detach(TimeValue t, int keepTM) override;
-    int IsRootNode() override { return m_parent == nullptr; }
+    int IsRootNode() override { return m_Parent == nullptr; }
 
-    int Selected() override { return m_selected; }
-    int IsHidden(DWORD, BOOL) override { return m_hidden; }
-    void Hide(BOOL hide) override { m_hidden = hide; }
-    float GetVisibility(TimeValue, Interval*) override { return m_visibility; }
-    void SetVisibility(TimeValue, float visibility) override { m_visibility = visibility; }
-    DWORD GetWireColor() override { return m_wireColour; }
-    void SetWireColor(DWORD colour) override { m_wireColour = colour; }
-    BOOL GetBoneNodeOnOff() override { return m_isBone; }
-    void SetBoneNodeOnOff(BOOL on, TimeValue) override { m_isBone = on; }
+    int Selected() override { return m_Selected; }
+    int IsHidden(DWORD, BOOL) override { return m_Hidden; }
+    void Hide(BOOL hide) override { m_Hidden = hide; }
+    float GetVisibility(TimeValue, Interval*) override { return m_Visibility; }
+    void SetVisibility(TimeValue, float visibility) override { m_Visibility = visibility; }
+    DWORD GetWireColor() override { return m_WireColour; }
+    void SetWireColor(DWORD colour) override { m_WireColour = colour; }
+    BOOL GetBoneNodeOnOff() override { return m_IsBone; }
+    void SetBoneNodeOnOff(BOOL on, TimeValue) override { m_IsBone = on; }
 
-    Point3 GetObjOffsetPos() override { return m_offsetPosition; }
-    void SetObjOffsetPos(Point3 position) override { m_offsetPosition = position; }
-    Quat GetObjOffsetRot() override { return m_offsetRotation; }
-    void SetObjOffsetRot(Quat rotation) override { m_offsetRotation = rotation; }
-    ScaleValue GetObjOffsetScale() override { return m_offsetScale; }
-    void SetObjOffsetScale(ScaleValue scale) override { m_offsetScale = scale; }
+    Point3 GetObjOffsetPos() override { return m_OffsetPosition; }
+    void SetObjOffsetPos(Point3 position) override { m_OffsetPosition = position; }
+    Quat GetObjOffsetRot() override { return m_OffsetRotation; }
+    void SetObjOffsetRot(Quat rotation) override { m_OffsetRotation = rotation; }
+    ScaleValue GetObjOffsetScale() override { return m_OffsetScale; }
+    void SetObjOffsetScale(ScaleValue scale) override { m_OffsetScale = scale; }
 
-    void GetUserPropBuffer(MSTR& text) override { text = m_properties.GetText().c_str(); }
-    void SetUserPropBuffer(const MSTR& text) override { m_properties.SetText(text.data()); }
+    void GetUserPropBuffer(MSTR& text) override { text = m_Properties.GetText().c_str(); }
+    void SetUserPropBuffer(const MSTR& text) override { m_Properties.SetText(text.data()); }
     BOOL UserPropExists(const MSTR& key) override;
     BOOL GetUserPropString(const MSTR& key, MSTR& value) override;
     BOOL GetUserPropInt(const MSTR& key, int& value) override;
     BOOL GetUserPropFloat(const MSTR& key, float& value) override;
     BOOL GetUserPropBool(const MSTR& key, BOOL& value) override;
     void SetUserPropString(const MSTR& key, const MSTR& value) override;
-    void SetUserPropInt(const MSTR& key, int value) override { m_properties.Set(key.data(), value); }
-    void SetUserPropFloat(const MSTR& key, float value) override { m_properties.Set(key.data(), value); }
-    void SetUserPropBool(const MSTR& key, BOOL value) override { m_properties.Set(key.data(), value != 0); }
+    void SetUserPropInt(const MSTR& key, int value) override { m_Properties.Set(key.data(), value); }
+    void SetUserPropFloat(const MSTR& key, float value) override { m_Properties.Set(key.data(), value); }
+    void SetUserPropBool(const MSTR& key, BOOL value) override { m_Properties.Set(key.data(), value != 0); }
 
     // For the scene, which keeps the tree and the selection.
     const std::vector<Node*>& Children();
     void SetParent(Node* parent);  // last among its children; null: out of the tree
-    void SetSelected(bool selected) { m_selected = selected; }
+    void SetSelected(bool selected) { m_Selected = selected; }
 
 private:
     WorldCache::Entry EvaluateWorld(TimeValue t);
     bool IsAtOrBelow(const Node& other) const;
     void Attach(Node& child, TimeValue t, bool keepTM);
 
-    Scene& m_scene;
-    ULONG m_handle;
-    std::string m_name;
+    Scene& m_Scene;
+    ULONG m_Handle;
+    std::string m_Name;
 
-    Node* m_parent = nullptr;
+    Node* m_Parent = nullptr;
     // A child that left leaves a gap behind until the list is read, so that moving
     // many children away takes linear time.
-    std::vector<Node*> m_children;
-    std::size_t m_gaps = 0;
-    std::size_t m_place = 0;  // among the parent's children
+    std::vector<Node*> m_Children;
+    std::size_t m_Gaps = 0;
+    std::size_t m_Place = 0;  // among the parent's children
 
-    Reference<Control> m_controller;
-    Reference<Object> m_object;
-    Reference<Mtl> m_material;
-    ObjectState m_state;
-    WorldCache m_world;
-    bool m_evaluated = false;
+    Reference<Control> m_Controller;
+    Reference<Object> m_Object;
+    Reference<Mtl> m_Material;
+    ObjectState m_State;
+    WorldCache m_World;
+    bool m_Evaluated = false;
 
-    Point3 m_offsetPosition = Point3(0, 0, 0);
-    Quat m_offsetRotation;
-    ScaleValue m_offsetScale = ScaleValue(Point3(1, 1, 1));
+    Point3 m_OffsetPosition = Point3(0, 0, 0);
+    Quat m_OffsetRotation;
+    ScaleValue m_OffsetScale = ScaleValue(Point3(1, 1, 1));
 
-    UserProperties m_properties;
-    DWORD m_wireColour = RGB(128, 128, 128);
-    float m_visibility = 1.0f;
-    BOOL m_hidden = FALSE;
-    BOOL m_selected = FALSE;
-    BOOL m_isBone = FALSE;
+    UserProperties m_Properties;
+    DWORD m_WireColour = RGB(128, 128, 128);
+    float m_Visibility = 1.0f;
+    BOOL m_Hidden = FALSE;
+    BOOL m_Selected = FALSE;
+    BOOL m_IsBone = FALSE;
 };
 
 }  // namespace maxhost

@@ -13,42 +13,42 @@ bool g_deleting = false;
 
 void ReferenceSlot::SetTarget(ReferenceTarget* target)
 {
-    if (target == m_target)
+    if (target == m_Target)
         return;
-    ReferenceTarget* former = m_target;
+    ReferenceTarget* former = m_Target;
     if (former)
         Unlink();
     if (target)
         Link(target);
-    if (former && m_hold == Hold::Share && !IsShared(*former))
+    if (former && m_Hold == Hold::Share && !IsShared(*former))
         SceneObjects::Condemn(*former);
 }
 
 bool ReferenceSlot::IsShared(const ReferenceTarget& target)
 {
-    const ReferenceSlot* slot = target.m_slots;
-    while (slot && slot->m_hold == Hold::Watch)
-        slot = slot->m_next;
+    const ReferenceSlot* slot = target.m_Slots;
+    while (slot && slot->m_Hold == Hold::Watch)
+        slot = slot->m_Next;
     return slot != nullptr;
 }
 
 void ReferenceSlot::Link(ReferenceTarget* target)
 {
-    m_target = target;
-    m_next = target->m_slots;
-    if (m_next)
-        m_next->m_previous = this;
-    target->m_slots = this;
+    m_Target = target;
+    m_Next = target->m_Slots;
+    if (m_Next)
+        m_Next->m_Previous = this;
+    target->m_Slots = this;
 }
 
 void ReferenceSlot::Unlink()
 {
-    (m_previous ? m_previous->m_next : m_target->m_slots) = m_next;
-    if (m_next)
-        m_next->m_previous = m_previous;
-    m_target = nullptr;
-    m_previous = nullptr;
-    m_next = nullptr;
+    (m_Previous ? m_Previous->m_Next : m_Target->m_Slots) = m_Next;
+    if (m_Next)
+        m_Next->m_Previous = m_Previous;
+    m_Target = nullptr;
+    m_Previous = nullptr;
+    m_Next = nullptr;
 }
 
 std::size_t SceneObjects::Count()
@@ -66,9 +66,9 @@ void SceneObjects::Enter(ReferenceTarget& object)
 {
     if (IsEntered(object))
         return;
-    object.m_next = g_firstObject;
+    object.m_Next = g_firstObject;
     if (g_firstObject)
-        g_firstObject->m_previous = &object;
+        g_firstObject->m_Previous = &object;
     g_firstObject = &object;
     ++g_objectCount;
 }
@@ -77,17 +77,17 @@ void SceneObjects::Leave(ReferenceTarget& object)
 {
     if (!IsEntered(object))
         return;
-    (object.m_previous ? object.m_previous->m_next : g_firstObject) = object.m_next;
-    if (object.m_next)
-        object.m_next->m_previous = object.m_previous;
-    object.m_previous = nullptr;
-    object.m_next = nullptr;
+    (object.m_Previous ? object.m_Previous->m_Next : g_firstObject) = object.m_Next;
+    if (object.m_Next)
+        object.m_Next->m_Previous = object.m_Previous;
+    object.m_Previous = nullptr;
+    object.m_Next = nullptr;
     --g_objectCount;
 }
 
 bool SceneObjects::IsEntered(const ReferenceTarget& object)
 {
-    return object.m_previous || object.m_next || g_firstObject == &object;
+    return object.m_Previous || object.m_Next || g_firstObject == &object;
 }
 
 void SceneObjects::Condemn(ReferenceTarget& object)
@@ -123,16 +123,16 @@ void ReferenceMaker::DeleteMe()
 
 ReferenceTarget::~ReferenceTarget()
 {
-    while (m_slots)
-        m_slots->Unlink();
+    while (m_Slots)
+        m_Slots->Unlink();
     maxhost::SceneObjects::Leave(*this);
 }
 
 RefResult ReferenceTarget::NotifyDependents(const Interval& changed, PartID part, RefMessage message)
 {
-    for (maxhost::ReferenceSlot* slot = m_slots; slot;) {
-        maxhost::ReferenceSlot* next = slot->m_next;
-        slot->m_maker.NotifyRefChanged(changed, this, part, message);
+    for (maxhost::ReferenceSlot* slot = m_Slots; slot;) {
+        maxhost::ReferenceSlot* next = slot->m_Next;
+        slot->m_Maker.NotifyRefChanged(changed, this, part, message);
         slot = next;
     }
     return REF_SUCCEED;

@@ -17,12 +17,12 @@ public:
     // references to nodes do.
     enum class Hold { Share, Watch };
 
-    explicit ReferenceSlot(ReferenceMaker& maker, Hold hold = Hold::Share) : m_maker(maker), m_hold(hold) {}
+    explicit ReferenceSlot(ReferenceMaker& maker, Hold hold = Hold::Share) : m_Maker(maker), m_Hold(hold) {}
     ReferenceSlot(const ReferenceSlot&) = delete;
     ReferenceSlot& operator=(const ReferenceSlot&) = delete;
     ~ReferenceSlot() { SetTarget(nullptr); }
 
-    ReferenceTarget* GetTarget() const { return m_target; }
+    ReferenceTarget* GetTarget() const { return m_Target; }
     void SetTarget(ReferenceTarget* target);
 
     static bool IsShared(const ReferenceTarget& target);
@@ -32,11 +32,11 @@ private:
     void Link(ReferenceTarget* target);
     void Unlink();
 
-    ReferenceMaker& m_maker;
-    Hold m_hold;
-    ReferenceTarget* m_target = nullptr;
-    ReferenceSlot* m_previous = nullptr;
-    ReferenceSlot* m_next = nullptr;
+    ReferenceMaker& m_Maker;
+    Hold m_Hold;
+    ReferenceTarget* m_Target = nullptr;
+    ReferenceSlot* m_Previous = nullptr;
+    ReferenceSlot* m_Next = nullptr;
 };
 
 // A slot for targets of one class.
@@ -44,18 +44,18 @@ template <class T>
 class Reference {
 public:
     explicit Reference(ReferenceMaker& maker, ReferenceSlot::Hold hold = ReferenceSlot::Hold::Share)
-        : m_slot(maker, hold)
+        : m_Slot(maker, hold)
     {
     }
-    Reference(ReferenceMaker& maker, T* target) : m_slot(maker) { Set(target); }
+    Reference(ReferenceMaker& maker, T* target) : m_Slot(maker) { Set(target); }
 
-    T* Get() const { return static_cast<T*>(m_slot.GetTarget()); }
+    T* Get() const { return static_cast<T*>(m_Slot.GetTarget()); }
     T* operator->() const { return Get(); }
-    explicit operator bool() const { return m_slot.GetTarget() != nullptr; }
-    void Set(T* target) { m_slot.SetTarget(target); }
+    explicit operator bool() const { return m_Slot.GetTarget() != nullptr; }
+    void Set(T* target) { m_Slot.SetTarget(target); }
 
 private:
-    ReferenceSlot m_slot;
+    ReferenceSlot m_Slot;
 };
 
 // The objects that the host made on somebody's behalf: conversions, instances of

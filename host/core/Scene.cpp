@@ -39,47 +39,47 @@ std::string NewName(Object* object, ULONG handle)
 }  // namespace
 
 Scene::Scene(ControllerMaker makeController)
-    : m_makeController(std::move(makeController)),
-      m_worldCaches(kCachedMatrices),
-      m_root(new Node(*this, ++m_lastHandle))
+    : m_MakeController(std::move(makeController)),
+      m_WorldCaches(kCachedMatrices),
+      m_Root(new Node(*this, ++m_LastHandle))
 {
     char name[] = "Scene Root";
-    m_root->SetName(name);
+    m_Root->SetName(name);
 }
 
 Scene::~Scene()
 {
-    for (Node* node : AllBelow(*m_root))
+    for (Node* node : AllBelow(*m_Root))
         delete node;
 }
 
 Node& Scene::AddNode(Object* object)
 {
-    const ULONG handle = ++m_lastHandle;
+    const ULONG handle = ++m_LastHandle;
     Node* node = new Node(*this, handle);
     std::string name = NewName(object, handle - 1);
     node->SetName(name.data());
-    node->SetTMController(m_makeController());
+    node->SetTMController(m_MakeController());
     node->SetObjectRef(object);
-    node->SetParent(m_root);
+    node->SetParent(m_Root);
     return *node;
 }
 
 void Scene::RemoveNode(Node& node)
 {
-    if (&node == m_root)
+    if (&node == m_Root)
         return;
     const std::vector<Node*> children = node.Children();
     for (Node* child : children)
-        child->Detach(m_time, TRUE);
+        child->Detach(m_Time, TRUE);
     node.SetParent(nullptr);
-    std::erase(m_selection, &node);
+    std::erase(m_Selection, &node);
     delete &node;
 }
 
 Node* Scene::FindNode(std::string_view name)
 {
-    const std::vector<Node*> nodes = AllBelow(*m_root);
+    const std::vector<Node*> nodes = AllBelow(*m_Root);
     const auto found =
         std::find_if(nodes.begin(), nodes.end(), [&](Node* node) { return node->GetName() == name; });
     return found != nodes.end() ? *found : nullptr;
@@ -90,19 +90,19 @@ void Scene::Select(Node& node)
     if (node.Selected())
         return;
     node.SetSelected(true);
-    m_selection.push_back(&node);
+    m_Selection.push_back(&node);
 }
 
 void Scene::ClearSelection()
 {
-    for (Node* node : m_selection)
+    for (Node* node : m_Selection)
         node->SetSelected(false);
-    m_selection.clear();
+    m_Selection.clear();
 }
 
 void Scene::SetTicksPerFrame(int ticks)
 {
-    m_ticksPerFrame = std::clamp(ticks, 1, TIME_TICKSPERSEC);
+    m_TicksPerFrame = std::clamp(ticks, 1, TIME_TICKSPERSEC);
 }
 
 }  // namespace maxhost

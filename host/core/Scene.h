@@ -25,7 +25,7 @@ public:
     // Deletes the nodes, and with them what only they refer to.
     ~Scene();
 
-    Node& GetRoot() { return *m_root; }
+    Node& GetRoot() { return *m_Root; }
     // A new node below the root, with a controller from the maker and a name from the
     // object's class.
     Node& AddNode(Object* object);
@@ -34,36 +34,36 @@ public:
     // The first of the name, parents before children; null when there is none.
     Node* FindNode(std::string_view name);
 
-    const std::vector<Node*>& GetSelection() const { return m_selection; }
+    const std::vector<Node*>& GetSelection() const { return m_Selection; }
     void Select(Node& node);
     void ClearSelection();
 
-    TimeValue GetTime() const { return m_time; }
-    void SetTime(TimeValue t) { m_time = t; }
-    Interval GetAnimRange() const { return m_animRange; }
-    void SetAnimRange(Interval range) { m_animRange = range; }
-    int GetTicksPerFrame() const { return m_ticksPerFrame; }
+    TimeValue GetTime() const { return m_Time; }
+    void SetTime(TimeValue t) { m_Time = t; }
+    Interval GetAnimRange() const { return m_AnimRange; }
+    void SetAnimRange(Interval range) { m_AnimRange = range; }
+    int GetTicksPerFrame() const { return m_TicksPerFrame; }
     // From 1 to TIME_TICKSPERSEC; others are moved there.
     void SetTicksPerFrame(int ticks);
 
-    bool IsAnimating() const { return m_animate && m_suspended == 0; }
-    void SetAnimate(bool on) { m_animate = on; }
-    void SuspendAnimate() { ++m_suspended; }
-    void ResumeAnimate() { --m_suspended; }
+    bool IsAnimating() const { return m_Animate && m_Suspended == 0; }
+    void SetAnimate(bool on) { m_Animate = on; }
+    void SuspendAnimate() { ++m_Suspended; }
+    void ResumeAnimate() { --m_Suspended; }
 
-    WorldCachePool& GetWorldCaches() { return m_worldCaches; }
+    WorldCachePool& GetWorldCaches() { return m_WorldCaches; }
 
 private:
-    ControllerMaker m_makeController;
-    WorldCachePool m_worldCaches;
-    ULONG m_lastHandle = 0;
-    Node* m_root;
-    std::vector<Node*> m_selection;
-    TimeValue m_time = 0;
-    Interval m_animRange = Interval(0, 100 * 160);
-    int m_ticksPerFrame = 160;
-    bool m_animate = false;
-    int m_suspended = 0;
+    ControllerMaker m_MakeController;
+    WorldCachePool m_WorldCaches;
+    ULONG m_LastHandle = 0;
+    Node* m_Root;
+    std::vector<Node*> m_Selection;
+    TimeValue m_Time = 0;
+    Interval m_AnimRange = Interval(0, 100 * 160);
+    int m_TicksPerFrame = 160;
+    bool m_Animate = false;
+    int m_Suspended = 0;
 };
 
 }  // namespace maxhost

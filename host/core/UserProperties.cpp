@@ -39,7 +39,7 @@ int IntIn(std::string_view text)
 
 std::optional<UserProperties::Line> UserProperties::Find(std::string_view key) const
 {
-    const std::string_view text = m_text;
+    const std::string_view text = m_Text;
     for (std::size_t begin = 0; begin < text.size();) {
         const std::size_t end = std::min(text.find('\n', begin), text.size());
         const std::string_view line = text.substr(begin, end - begin);
@@ -83,13 +83,13 @@ void UserProperties::Set(std::string_view key, std::string_view value)
 {
     const std::string line = std::string(key) + " = " + std::string(value);
     if (const std::optional<Line> found = Find(key)) {
-        const bool returns = found->end > found->begin && m_text[found->end - 1] == '\r';
-        m_text.replace(found->begin, found->end - found->begin - (returns ? 1 : 0), line);
+        const bool returns = found->end > found->begin && m_Text[found->end - 1] == '\r';
+        m_Text.replace(found->begin, found->end - found->begin - (returns ? 1 : 0), line);
         return;
     }
-    if (!m_text.empty() && m_text.back() != '\n')
-        m_text += "\r\n";
-    m_text += line + "\r\n";
+    if (!m_Text.empty() && m_Text.back() != '\n')
+        m_Text += "\r\n";
+    m_Text += line + "\r\n";
 }
 
 void UserProperties::Set(std::string_view key, int value)

@@ -13,8 +13,8 @@ namespace maxhost {
 // line doesn't matter, and what is no number reads as 0.
 class CoreExport UserProperties {
 public:
-    const std::string& GetText() const { return m_text; }
-    void SetText(std::string text) { m_text = std::move(text); }
+    const std::string& GetText() const { return m_Text; }
+    void SetText(std::string text) { m_Text = std::move(text); }
 
     // Without the blanks around it; nothing when the key isn't there.
     std::optional<std::string> GetString(std::string_view key) const;
@@ -38,7 +38,7 @@ private:
     };
     std::optional<Line> Find(std::string_view key) const;
 
-    std::string m_text;
+    std::string m_Text;
 };
 
 }  // namespace maxhost

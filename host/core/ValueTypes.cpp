@@ -68,7 +68,7 @@ Box3 Box3::operator*(const Matrix3& tm) const
     return box;
 }
 
-CStr::CStr(const char* text) : m_text(text ? text : "") {}
+CStr::CStr(const char* text) : m_Text(text ? text : "") {}
 
 CStr::CStr(const wchar_t* text)
 {
@@ -76,13 +76,13 @@ CStr::CStr(const wchar_t* text)
     char bytes[MB_LEN_MAX];
     for (; text && *text; ++text) {
         const std::size_t length = std::wcrtomb(bytes, *text, &state);
-        m_text.append(length == static_cast<std::size_t>(-1) ? "?" : std::string(bytes, length));
+        m_Text.append(length == static_cast<std::size_t>(-1) ? "?" : std::string(bytes, length));
     }
 }
 
 CStr& CStr::operator=(const char* text)
 {
-    m_text = text ? text : "";
+    m_Text = text ? text : "";
     return *this;
 }
 
@@ -93,7 +93,7 @@ int CStr::Length() const
 
 void CStr::Resize(int size)
 {
-    m_text.resize(static_cast<std::size_t>(std::max(size, 0)));
+    m_Text.resize(static_cast<std::size_t>(std::max(size, 0)));
 }
 
 CStr CStr::operator+(const CStr& tail) const
@@ -113,7 +113,7 @@ CStr& CStr::operator+=(const char* tail)
 
 CStr& CStr::Append(const CStr& tail)
 {
-    m_text = std::string(data()) + tail.data();
+    m_Text = std::string(data()) + tail.data();
     return *this;
 }
 
@@ -126,7 +126,7 @@ CStr& CStr::remove(int position, int count)
 {
     const int length = Length();
     if (position >= 0 && position < length && count > 0)
-        m_text.erase(static_cast<std::size_t>(position),
+        m_Text.erase(static_cast<std::size_t>(position),
                      static_cast<std::size_t>(std::min(count, length - position)));
     return *this;
 }
@@ -164,13 +164,13 @@ bool CStr::operator<(const CStr& other) const
 
 void CStr::toUpper()
 {
-    for (char& c : m_text)
+    for (char& c : m_Text)
         c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
 }
 
 void CStr::toLower()
 {
-    for (char& c : m_text)
+    for (char& c : m_Text)
         c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
 }
 
@@ -183,8 +183,8 @@ int CStr::printf(const char* format, ...)
     const int length = std::vsnprintf(nullptr, 0, format, arguments);
     va_end(arguments);
     if (length >= 0) {
-        m_text.resize(static_cast<std::size_t>(length));
-        std::vsnprintf(m_text.data(), m_text.size() + 1, format, again);
+        m_Text.resize(static_cast<std::size_t>(length));
+        std::vsnprintf(m_Text.data(), m_Text.size() + 1, format, again);
     }
     va_end(again);
     return length;

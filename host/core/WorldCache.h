@@ -21,7 +21,7 @@ public:
         Matrix3 tm;
     };
 
-    explicit WorldCache(WorldCachePool& pool) : m_pool(pool) {}
+    explicit WorldCache(WorldCachePool& pool) : m_Pool(pool) {}
     WorldCache(const WorldCache&) = delete;
     WorldCache& operator=(const WorldCache&) = delete;
     ~WorldCache() { Clear(); }
@@ -35,18 +35,18 @@ public:
 private:
     friend class WorldCachePool;
 
-    WorldCachePool& m_pool;
-    std::vector<Entry> m_entries;  // by time, without overlap
-    WorldCache* m_newer = nullptr;
-    WorldCache* m_older = nullptr;
+    WorldCachePool& m_Pool;
+    std::vector<Entry> m_Entries;  // by time, without overlap
+    WorldCache* m_Newer = nullptr;
+    WorldCache* m_Older = nullptr;
 };
 
 // Bounds what all caches of a scene hold: beyond it, those that were added to the
 // longest ago are emptied.
 class CoreExport WorldCachePool {
 public:
-    explicit WorldCachePool(std::size_t entryLimit) : m_limit(entryLimit) {}
-    std::size_t CountEntries() const { return m_entries; }
+    explicit WorldCachePool(std::size_t entryLimit) : m_Limit(entryLimit) {}
+    std::size_t CountEntries() const { return m_Entries; }
 
 private:
     friend class WorldCache;
@@ -54,10 +54,10 @@ private:
     void Cleared(WorldCache& cache);
     void Unlink(WorldCache& cache);
 
-    std::size_t m_limit;
-    std::size_t m_entries = 0;
-    WorldCache* m_newest = nullptr;
-    WorldCache* m_oldest = nullptr;
+    std::size_t m_Limit;
+    std::size_t m_Entries = 0;
+    WorldCache* m_Newest = nullptr;
+    WorldCache* m_Oldest = nullptr;
 };
 
 }  // namespace maxhost

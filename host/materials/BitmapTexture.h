@@ -13,67 +13,67 @@ public:
     void GetClassName(MSTR& name) override { name = "Coordinates"; }
     void Update(TimeValue, Interval&) override {}
 
-    int GetTextureTiling() override { return m_tiling; }
-    int GetAxis() override { return m_axis; }
-    int GetMapChannel() override { return m_mapChannel; }
+    int GetTextureTiling() override { return m_Tiling; }
+    int GetAxis() override { return m_Axis; }
+    int GetMapChannel() override { return m_MapChannel; }
     // Dialogs set these in the real host.
-    void SetTextureTiling(int flags) { m_tiling = flags; }
-    void SetAxis(int axis) { m_axis = axis; }
-    void SetMapChannel(int channel) { m_mapChannel = channel; }
+    void SetTextureTiling(int flags) { m_Tiling = flags; }
+    void SetAxis(int axis) { m_Axis = axis; }
+    void SetMapChannel(int channel) { m_MapChannel = channel; }
 
-    float GetUOffs(TimeValue) override { return m_offsetU; }
-    float GetVOffs(TimeValue) override { return m_offsetV; }
-    float GetUScl(TimeValue) override { return m_scaleU; }
-    float GetVScl(TimeValue) override { return m_scaleV; }
-    float GetAng(TimeValue) override { return m_angleW; }
-    float GetUAng(TimeValue) override { return m_angleU; }
-    float GetVAng(TimeValue) override { return m_angleV; }
-    float GetWAng(TimeValue) override { return m_angleW; }
-    void SetUOffs(float value, TimeValue) override { m_offsetU = value; }
-    void SetVOffs(float value, TimeValue) override { m_offsetV = value; }
-    void SetUScl(float value, TimeValue) override { m_scaleU = value; }
-    void SetVScl(float value, TimeValue) override { m_scaleV = value; }
-    void SetAng(float value, TimeValue) override { m_angleW = value; }
-    void SetUAng(float value, TimeValue) override { m_angleU = value; }
-    void SetVAng(float value, TimeValue) override { m_angleV = value; }
-    void SetWAng(float value, TimeValue) override { m_angleW = value; }
+    float GetUOffs(TimeValue) override { return m_OffsetU; }
+    float GetVOffs(TimeValue) override { return m_OffsetV; }
+    float GetUScl(TimeValue) override { return m_ScaleU; }
+    float GetVScl(TimeValue) override { return m_ScaleV; }
+    float GetAng(TimeValue) override { return m_AngleW; }
+    float GetUAng(TimeValue) override { return m_AngleU; }
+    float GetVAng(TimeValue) override { return m_AngleV; }
+    float GetWAng(TimeValue) override { return m_AngleW; }
+    void SetUOffs(float value, TimeValue) override { m_OffsetU = value; }
+    void SetVOffs(float value, TimeValue) override { m_OffsetV = value; }
+    void SetUScl(float value, TimeValue) override { m_ScaleU = value; }
+    void SetVScl(float value, TimeValue) override { m_ScaleV = value; }
+    void SetAng(float value, TimeValue) override { m_AngleW = value; }
+    void SetUAng(float value, TimeValue) override { m_AngleU = value; }
+    void SetVAng(float value, TimeValue) override { m_AngleV = value; }
+    void SetWAng(float value, TimeValue) override { m_AngleW = value; }
 
 private:
-    float m_offsetU = 0.0f;
-    float m_offsetV = 0.0f;
-    float m_scaleU = 1.0f;
-    float m_scaleV = 1.0f;
-    float m_angleU = 0.0f;
-    float m_angleV = 0.0f;
-    float m_angleW = 0.0f;
-    int m_tiling = U_WRAP | V_WRAP;
-    int m_axis = AXIS_UV;
-    int m_mapChannel = 1;
+    float m_OffsetU = 0.0f;
+    float m_OffsetV = 0.0f;
+    float m_ScaleU = 1.0f;
+    float m_ScaleV = 1.0f;
+    float m_AngleU = 0.0f;
+    float m_AngleV = 0.0f;
+    float m_AngleW = 0.0f;
+    int m_Tiling = U_WRAP | V_WRAP;
+    int m_Axis = AXIS_UV;
+    int m_MapChannel = 1;
 };
 
 // A picture file as a map. The file isn't opened.
 class BitmapTexture final : public BitmapTex {
 public:
-    BitmapTexture() : m_placement(*this, new UVGenerator) {}
+    BitmapTexture() : m_Placement(*this, new UVGenerator) {}
 
     void GetClassName(MSTR& name) override { name = "Bitmap"; }
     void Update(TimeValue, Interval&) override {}
     int NumRefs() override { return 1; }
-    RefTargetHandle GetReference(int) override { return m_placement.Get(); }
+    RefTargetHandle GetReference(int) override { return m_Placement.Get(); }
     void SetReference(int, RefTargetHandle target) override
     {
-        m_placement.Set(static_cast<UVGenerator*>(target));
+        m_Placement.Set(static_cast<UVGenerator*>(target));
     }
 
-    const MCHAR* GetMapName() override { return m_fileName.c_str(); }
-    void SetMapName(const MCHAR* name) override { m_fileName = name ? name : ""; }
-    StdUVGen* GetUVGen() override { return m_placement.Get(); }
-    UVGen* GetTheUVGen() override { return m_placement.Get(); }
-    UVGenerator* GetPlacement() { return m_placement.Get(); }
+    const MCHAR* GetMapName() override { return m_FileName.c_str(); }
+    void SetMapName(const MCHAR* name) override { m_FileName = name ? name : ""; }
+    StdUVGen* GetUVGen() override { return m_Placement.Get(); }
+    UVGen* GetTheUVGen() override { return m_Placement.Get(); }
+    UVGenerator* GetPlacement() { return m_Placement.Get(); }
 
 private:
-    std::string m_fileName;
-    Reference<UVGenerator> m_placement;
+    std::string m_FileName;
+    Reference<UVGenerator> m_Placement;
 };
 
 }  // namespace maxhost

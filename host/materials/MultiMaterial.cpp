@@ -4,7 +4,7 @@ namespace maxhost {
 
 void MultiMaterial::Update(TimeValue t, Interval& valid)
 {
-    for (const auto& material : m_materials)
+    for (const auto& material : m_Materials)
         if (material->Get())
             material->Get()->Update(t, valid);
 }
@@ -12,22 +12,22 @@ void MultiMaterial::Update(TimeValue t, Interval& valid)
 void MultiMaterial::SetNumSubMtls(int count)
 {
     const std::size_t size = static_cast<std::size_t>(count > 0 ? count : 0);
-    if (size < m_materials.size())
-        m_materials.resize(size);
-    while (m_materials.size() < size)
-        m_materials.push_back(std::make_unique<Reference<Mtl>>(*this));
+    if (size < m_Materials.size())
+        m_Materials.resize(size);
+    while (m_Materials.size() < size)
+        m_Materials.push_back(std::make_unique<Reference<Mtl>>(*this));
 }
 
 Mtl* MultiMaterial::GetSubMtl(int i)
 {
-    return i >= 0 && i < NumSubMtls() ? m_materials[static_cast<std::size_t>(i)]->Get() : nullptr;
+    return i >= 0 && i < NumSubMtls() ? m_Materials[static_cast<std::size_t>(i)]->Get() : nullptr;
 }
 
 void MultiMaterial::SetSubMtl(int i, Mtl* material)
 {
     if (i >= NumSubMtls())
         SetNumSubMtls(i + 1);
-    m_materials[static_cast<std::size_t>(i)]->Set(material);
+    m_Materials[static_cast<std::size_t>(i)]->Set(material);
 }
 
 Color MultiMaterial::GetAmbient(int i, BOOL)

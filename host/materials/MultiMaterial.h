@@ -18,7 +18,7 @@ public:
     RefTargetHandle GetReference(int i) override { return GetSubMtl(i); }
     void SetReference(int i, RefTargetHandle target) override { SetSubMtl(i, static_cast<Mtl*>(target)); }
 
-    int NumSubMtls() override { return static_cast<int>(m_materials.size()); }
+    int NumSubMtls() override { return static_cast<int>(m_Materials.size()); }
     void SetNumSubMtls(int count) override;
     // Null outside the list.
     Mtl* GetSubMtl(int i) override;
@@ -37,7 +37,7 @@ public:
     void SetShininess(float, TimeValue) override {}
 
 private:
-    std::vector<std::unique_ptr<Reference<Mtl>>> m_materials;
+    std::vector<std::unique_ptr<Reference<Mtl>>> m_Materials;
 };
 
 }  // namespace maxhost

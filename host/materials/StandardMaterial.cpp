@@ -15,7 +15,7 @@ Slots MakeSlots(ReferenceMaker& maker, std::index_sequence<i...>)
 }  // namespace
 
 StandardMaterial::StandardMaterial()
-    : m_slots(MakeSlots<std::array<Slot, NTEXMAPS>>(*this, std::make_index_sequence<NTEXMAPS>()))
+    : m_Slots(MakeSlots<std::array<Slot, NTEXMAPS>>(*this, std::make_index_sequence<NTEXMAPS>()))
 {
 }
 

@@ -31,35 +31,35 @@ public:
     void SetTexmapAmt(int slot, float amount, TimeValue) override { At(slot).amount = amount; }
     float GetTexmapAmt(int slot, TimeValue) override { return At(slot).amount; }
 
-    Color GetAmbient(int, BOOL) override { return m_ambient; }
-    Color GetDiffuse(int, BOOL) override { return m_diffuse; }
-    Color GetSpecular(int, BOOL) override { return m_specular; }
-    float GetShininess(int, BOOL) override { return m_shininess; }
-    float GetShinStr(int, BOOL) override { return m_shininessStrength; }
-    float GetXParency(int, BOOL) override { return 1.0f - m_opacity; }
-    BOOL GetSelfIllumColorOn(int, BOOL) override { return m_selfIllumColourOn; }
-    float GetSelfIllum(int, BOOL) override { return m_selfIllum; }
-    Color GetSelfIllumColor(int, BOOL) override { return m_selfIllumColour; }
+    Color GetAmbient(int, BOOL) override { return m_Ambient; }
+    Color GetDiffuse(int, BOOL) override { return m_Diffuse; }
+    Color GetSpecular(int, BOOL) override { return m_Specular; }
+    float GetShininess(int, BOOL) override { return m_Shininess; }
+    float GetShinStr(int, BOOL) override { return m_ShininessStrength; }
+    float GetXParency(int, BOOL) override { return 1.0f - m_Opacity; }
+    BOOL GetSelfIllumColorOn(int, BOOL) override { return m_SelfIllumColourOn; }
+    float GetSelfIllum(int, BOOL) override { return m_SelfIllum; }
+    Color GetSelfIllumColor(int, BOOL) override { return m_SelfIllumColour; }
 
-    Color GetAmbient(TimeValue) override { return m_ambient; }
-    Color GetDiffuse(TimeValue) override { return m_diffuse; }
-    Color GetSpecular(TimeValue) override { return m_specular; }
-    float GetShininess(TimeValue) override { return m_shininess; }
-    float GetShinStr(TimeValue) override { return m_shininessStrength; }
-    float GetSelfIllum(TimeValue) override { return m_selfIllum; }
-    float GetOpacity(TimeValue) override { return m_opacity; }
+    Color GetAmbient(TimeValue) override { return m_Ambient; }
+    Color GetDiffuse(TimeValue) override { return m_Diffuse; }
+    Color GetSpecular(TimeValue) override { return m_Specular; }
+    float GetShininess(TimeValue) override { return m_Shininess; }
+    float GetShinStr(TimeValue) override { return m_ShininessStrength; }
+    float GetSelfIllum(TimeValue) override { return m_SelfIllum; }
+    float GetOpacity(TimeValue) override { return m_Opacity; }
 
-    void SetAmbient(Color colour, TimeValue) override { m_ambient = colour; }
-    void SetDiffuse(Color colour, TimeValue) override { m_diffuse = colour; }
-    void SetSpecular(Color colour, TimeValue) override { m_specular = colour; }
-    void SetShininess(float value, TimeValue) override { m_shininess = value; }
-    void SetShinStr(float value, TimeValue) override { m_shininessStrength = value; }
-    void SetSelfIllum(float value, TimeValue) override { m_selfIllum = value; }
-    void SetSelfIllumColorOn(BOOL on) override { m_selfIllumColourOn = on; }
-    void SetSelfIllumColor(Color colour, TimeValue) override { m_selfIllumColour = colour; }
-    void SetOpacity(float value, TimeValue) override { m_opacity = value; }
-    void SetShading(int shading) override { m_shading = shading; }
-    int GetShading() override { return m_shading; }
+    void SetAmbient(Color colour, TimeValue) override { m_Ambient = colour; }
+    void SetDiffuse(Color colour, TimeValue) override { m_Diffuse = colour; }
+    void SetSpecular(Color colour, TimeValue) override { m_Specular = colour; }
+    void SetShininess(float value, TimeValue) override { m_Shininess = value; }
+    void SetShinStr(float value, TimeValue) override { m_ShininessStrength = value; }
+    void SetSelfIllum(float value, TimeValue) override { m_SelfIllum = value; }
+    void SetSelfIllumColorOn(BOOL on) override { m_SelfIllumColourOn = on; }
+    void SetSelfIllumColor(Color colour, TimeValue) override { m_SelfIllumColour = colour; }
+    void SetOpacity(float value, TimeValue) override { m_Opacity = value; }
+    void SetShading(int shading) override { m_Shading = shading; }
+    int GetShading() override { return m_Shading; }
 
 private:
     struct Slot {
@@ -68,19 +68,19 @@ private:
         float amount = 1.0f;
         BOOL on = FALSE;
     };
-    Slot& At(int slot) { return m_slots[static_cast<std::size_t>(slot)]; }
+    Slot& At(int slot) { return m_Slots[static_cast<std::size_t>(slot)]; }
 
-    std::array<Slot, NTEXMAPS> m_slots;
-    Color m_ambient = Color(0.588f, 0.588f, 0.588f);
-    Color m_diffuse = Color(0.588f, 0.588f, 0.588f);
-    Color m_specular = Color(0.9f, 0.9f, 0.9f);
-    Color m_selfIllumColour = Color(0.0f, 0.0f, 0.0f);
-    float m_shininess = 0.1f;
-    float m_shininessStrength = 0.0f;
-    float m_selfIllum = 0.0f;
-    float m_opacity = 1.0f;
-    int m_shading = SHADE_BLINN;
-    BOOL m_selfIllumColourOn = FALSE;
+    std::array<Slot, NTEXMAPS> m_Slots;
+    Color m_Ambient = Color(0.588f, 0.588f, 0.588f);
+    Color m_Diffuse = Color(0.588f, 0.588f, 0.588f);
+    Color m_Specular = Color(0.9f, 0.9f, 0.9f);
+    Color m_SelfIllumColour = Color(0.0f, 0.0f, 0.0f);
+    float m_Shininess = 0.1f;
+    float m_ShininessStrength = 0.0f;
+    float m_SelfIllum = 0.0f;
+    float m_Opacity = 1.0f;
+    int m_Shading = SHADE_BLINN;
+    BOOL m_SelfIllumColourOn = FALSE;
 };
 
 }  // namespace maxhost

@@ -16,11 +16,11 @@ DerivedObject::Layer::Layer(ReferenceMaker& maker, Modifier* added, const ModCon
 {
 }
 
-DerivedObject::DerivedObject(Object* object) : m_object(*this, object) {}
+DerivedObject::DerivedObject(Object* object) : m_Object(*this, object) {}
 
 DerivedObject::~DerivedObject()
 {
-    for (const std::unique_ptr<Result>& result : m_results)
+    for (const std::unique_ptr<Result>& result : m_Results)
         if (Object* object = result->object.Get())
             object->DeleteMe();
 }
@@ -47,13 +47,13 @@ RefResult DerivedObject::NotifyRefChanged(Interval, RefTargetHandle, PartID&, Re
 
 void DerivedObject::AddModifier(Modifier* modifier, ModContext* context, int before)
 {
-    m_modifiers.insert(m_modifiers.begin() + before, std::make_unique<Layer>(*this, modifier, context));
+    m_Modifiers.insert(m_Modifiers.begin() + before, std::make_unique<Layer>(*this, modifier, context));
     Changed();
 }
 
 void DerivedObject::DeleteModifier(int index)
 {
-    m_modifiers.erase(m_modifiers.begin() + index);
+    m_Modifiers.erase(m_Modifiers.begin() + index);
     Changed();
 }
 
@@ -65,14 +65,14 @@ void DerivedObject::SetModifier(int index, Modifier* modifier)
 
 RefResult DerivedObject::ReferenceObject(Object* object)
 {
-    m_object.Set(object);
+    m_Object.Set(object);
     Changed();
     return REF_SUCCEED;
 }
 
 ObjectState DerivedObject::Eval(TimeValue t, int modIndex)
 {
-    ObjectState state = m_object ? m_object->Eval(t) : ObjectState();
+    ObjectState state = m_Object ? m_Object->Eval(t) : ObjectState();
     if (!state.obj || !HasEnabledModifier(modIndex))
         return state;
     Result& result = ResultFrom(modIndex);
@@ -83,7 +83,7 @@ ObjectState DerivedObject::Eval(TimeValue t, int modIndex)
     if (!copy)
         return state;
     result.object.Set(copy);
-    result.valid = m_object->ObjectValidity(t);
+    result.valid = m_Object->ObjectValidity(t);
     state.obj = copy;
     for (int i = NumModifiers() - 1; i >= modIndex; --i) {
         Modifier* modifier = GetModifier(i);
@@ -115,10 +115,10 @@ Object* DerivedObject::BroughtUpToDate(Object* copy, Object* source, TimeValue t
 
 Interval DerivedObject::ObjectValidity(TimeValue t)
 {
-    if (!m_object)
+    if (!m_Object)
         return FOREVER;
     Eval(t, 0);
-    return HasEnabledModifier(0) && ResultFrom(0).object ? ResultFrom(0).valid : m_object->ObjectValidity(t);
+    return HasEnabledModifier(0) && ResultFrom(0).object ? ResultFrom(0).valid : m_Object->ObjectValidity(t);
 }
 
 int DerivedObject::CanConvertToType(Class_ID classID)
@@ -148,14 +148,14 @@ bool DerivedObject::HasEnabledModifier(int from)
 
 DerivedObject::Result& DerivedObject::ResultFrom(int modIndex)
 {
-    while (m_results.size() <= static_cast<std::size_t>(modIndex))
-        m_results.push_back(std::make_unique<Result>(*this));
-    return *m_results[static_cast<std::size_t>(modIndex)];
+    while (m_Results.size() <= static_cast<std::size_t>(modIndex))
+        m_Results.push_back(std::make_unique<Result>(*this));
+    return *m_Results[static_cast<std::size_t>(modIndex)];
 }
 
 void DerivedObject::Changed()
 {
-    for (const std::unique_ptr<Result>& result : m_results)
+    for (const std::unique_ptr<Result>& result : m_Results)
         result->valid.SetEmpty();
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }

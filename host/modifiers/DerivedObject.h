@@ -28,11 +28,11 @@ public:
 
     void AddModifier(Modifier* modifier, ModContext* context, int before) override;
     void DeleteModifier(int index) override;
-    int NumModifiers() override { return static_cast<int>(m_modifiers.size()); }
+    int NumModifiers() override { return static_cast<int>(m_Modifiers.size()); }
     Modifier* GetModifier(int index) override { return At(index).modifier.Get(); }
     void SetModifier(int index, Modifier* modifier) override;
     ModContext* GetModContext(int index) override { return &At(index).context; }
-    Object* GetObjRef() override { return m_object.Get(); }
+    Object* GetObjRef() override { return m_Object.Get(); }
     RefResult ReferenceObject(Object* object) override;
 
     using IDerivedObject::Eval;
@@ -42,7 +42,7 @@ public:
     // Of the evaluated object. What is answered is always the caller's.
     int CanConvertToType(Class_ID classID) override;
     Object* ConvertToType(TimeValue t, Class_ID classID) override;
-    Object* FindBaseObject() override { return m_object ? m_object->FindBaseObject() : nullptr; }
+    Object* FindBaseObject() override { return m_Object ? m_Object->FindBaseObject() : nullptr; }
 
 private:
     struct Layer {
@@ -57,15 +57,15 @@ private:
         Interval valid;
     };
 
-    Layer& At(int index) { return *m_modifiers[static_cast<std::size_t>(index)]; }
+    Layer& At(int index) { return *m_Modifiers[static_cast<std::size_t>(index)]; }
     bool HasEnabledModifier(int from);
     Result& ResultFrom(int modIndex);
     Object* BroughtUpToDate(Object* copy, Object* source, TimeValue t);
     void Changed();
 
-    Reference<Object> m_object;
-    std::vector<std::unique_ptr<Layer>> m_modifiers;
-    std::vector<std::unique_ptr<Result>> m_results;  // by modifier index
+    Reference<Object> m_Object;
+    std::vector<std::unique_ptr<Layer>> m_Modifiers;
+    std::vector<std::unique_ptr<Result>> m_Results;  // by modifier index
 };
 
 }  // namespace maxhost

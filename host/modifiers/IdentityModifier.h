@@ -11,17 +11,17 @@ namespace maxhost {
 class IdentityModifier final : public Modifier {
 public:
     IdentityModifier(std::string name, SClass_ID, Class_ID classID)
-        : m_className(std::move(name)), m_classID(classID)
+        : m_ClassName(std::move(name)), m_ClassID(classID)
     {
     }
 
-    Class_ID ClassID() override { return m_classID; }
-    void GetClassName(MSTR& name) override { name = m_className.c_str(); }
+    Class_ID ClassID() override { return m_ClassID; }
+    void GetClassName(MSTR& name) override { name = m_ClassName.c_str(); }
     void ModifyObject(TimeValue, ModContext&, ObjectState*, INode*) override {}
 
 private:
-    std::string m_className;
-    Class_ID m_classID;
+    std::string m_ClassName;
+    Class_ID m_ClassID;
 };
 
 }  // namespace maxhost

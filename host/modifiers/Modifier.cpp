@@ -24,7 +24,7 @@ ModContext::~ModContext()
 
 MSTR Modifier::GetName()
 {
-    MSTR name = m_name;
+    MSTR name = m_Name;
     if (name.isNull())
         GetClassName(name);
     return name;
@@ -32,12 +32,12 @@ MSTR Modifier::GetName()
 
 void Modifier::EnableMod()
 {
-    m_enabled = TRUE;
+    m_Enabled = TRUE;
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }
 
 void Modifier::DisableMod()
 {
-    m_enabled = FALSE;
+    m_Enabled = FALSE;
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }

@@ -10,19 +10,19 @@ namespace maxhost {
 class IdentityObject final : public Object {
 public:
     IdentityObject(std::string name, SClass_ID superClass, Class_ID classID)
-        : m_name(std::move(name)), m_superClass(superClass), m_classID(classID)
+        : m_Name(std::move(name)), m_SuperClass(superClass), m_ClassID(classID)
     {
     }
 
-    SClass_ID SuperClassID() override { return m_superClass; }
-    Class_ID ClassID() override { return m_classID; }
-    void GetClassName(MSTR& name) override { name = m_name.c_str(); }
+    SClass_ID SuperClassID() override { return m_SuperClass; }
+    Class_ID ClassID() override { return m_ClassID; }
+    void GetClassName(MSTR& name) override { name = m_Name.c_str(); }
     ObjectState Eval(TimeValue) override { return ObjectState(this); }
 
 private:
-    std::string m_name;
-    SClass_ID m_superClass;
-    Class_ID m_classID;
+    std::string m_Name;
+    SClass_ID m_SuperClass;
+    Class_ID m_ClassID;
 };
 
 }  // namespace maxhost

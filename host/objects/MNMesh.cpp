@@ -93,7 +93,7 @@ void MNMapFace::MakePoly(int fdeg, int* vertices)
     deg = fdeg;
 }
 
-MNMap::MNMap(const MNMap& other) : FlagUser(other), m_verts(other.m_verts), m_faces(other.m_faces)
+MNMap::MNMap(const MNMap& other) : FlagUser(other), m_Verts(other.m_Verts), m_Faces(other.m_Faces)
 {
     Publish();
 }
@@ -101,39 +101,39 @@ MNMap::MNMap(const MNMap& other) : FlagUser(other), m_verts(other.m_verts), m_fa
 MNMap& MNMap::operator=(const MNMap& other)
 {
     FlagUser::operator=(other);
-    m_verts = other.m_verts;
-    m_faces = other.m_faces;
+    m_Verts = other.m_Verts;
+    m_Faces = other.m_Faces;
     Publish();
     return *this;
 }
 
 void MNMap::setNumVerts(int count)
 {
-    m_verts.resize(Size(count), UVVert(0, 0, 0));
+    m_Verts.resize(Size(count), UVVert(0, 0, 0));
     Publish();
 }
 
 void MNMap::setNumFaces(int count)
 {
-    m_faces.resize(Size(count));
+    m_Faces.resize(Size(count));
     Publish();
 }
 
 void MNMap::Publish()
 {
-    numv = static_cast<int>(m_verts.size());
-    v = Shown(m_verts);
-    numf = static_cast<int>(m_faces.size());
-    f = Shown(m_faces);
+    numv = static_cast<int>(m_Verts.size());
+    v = Shown(m_Verts);
+    numf = static_cast<int>(m_Faces.size());
+    f = Shown(m_Faces);
 }
 
 MNMesh::MNMesh(const MNMesh& other)
     : FlagUser(other),
       BaseInterfaceServer(other),
-      m_verts(other.m_verts),
-      m_edges(other.m_edges),
-      m_faces(other.m_faces),
-      m_maps(other.m_maps)
+      m_Verts(other.m_Verts),
+      m_Edges(other.m_Edges),
+      m_Faces(other.m_Faces),
+      m_Maps(other.m_Maps)
 {
     Publish();
 }
@@ -141,38 +141,38 @@ MNMesh::MNMesh(const MNMesh& other)
 MNMesh& MNMesh::operator=(const MNMesh& other)
 {
     FlagUser::operator=(other);
-    m_verts = other.m_verts;
-    m_edges = other.m_edges;
-    m_faces = other.m_faces;
-    m_maps = other.m_maps;
+    m_Verts = other.m_Verts;
+    m_Edges = other.m_Edges;
+    m_Faces = other.m_Faces;
+    m_Maps = other.m_Maps;
     Publish();
     return *this;
 }
 
 void MNMesh::setNumVerts(int count)
 {
-    m_verts.resize(Size(count));
+    m_Verts.resize(Size(count));
     Publish();
 }
 
 void MNMesh::setNumEdges(int count)
 {
-    m_edges.resize(Size(count));
+    m_Edges.resize(Size(count));
     Publish();
 }
 
 void MNMesh::setNumFaces(int count)
 {
-    m_faces.resize(Size(count));
+    m_Faces.resize(Size(count));
     Publish();
 }
 
 void MNMesh::SetMapNum(int count)
 {
-    const std::size_t former = m_maps.size();
-    m_maps.resize(Size(std::min(count, MAX_MESHMAPS)));
-    for (std::size_t i = former; i < m_maps.size(); ++i)
-        m_maps[i].SetFlag(MN_DEAD);
+    const std::size_t former = m_Maps.size();
+    m_Maps.resize(Size(std::min(count, MAX_MESHMAPS)));
+    for (std::size_t i = former; i < m_Maps.size(); ++i)
+        m_Maps[i].SetFlag(MN_DEAD);
     Publish();
 }
 
@@ -194,10 +194,10 @@ void MNMesh::InitMap(int channel)
 
 void MNMesh::Clear()
 {
-    m_verts.clear();
-    m_edges.clear();
-    m_faces.clear();
-    m_maps.clear();
+    m_Verts.clear();
+    m_Edges.clear();
+    m_Faces.clear();
+    m_Maps.clear();
     ClearFlag(MN_MESH_FILLED_IN);
     Publish();
 }
@@ -217,13 +217,13 @@ void MNMesh::FillInMesh()
 {
     if (GetFlag(MN_MESH_FILLED_IN))
         return;
-    m_edges.clear();
+    m_Edges.clear();
     // Edges by their two vertices, the smaller number first. An edge takes two faces;
     // further ones at the same place get one of their own.
     std::unordered_map<unsigned long long, int> open;
     std::vector<int> edges;
     for (int i = 0; i < numf; ++i) {
-        MNFace& face = m_faces[Size(i)];
+        MNFace& face = m_Faces[Size(i)];
         if (face.GetFlag(MN_DEAD))
             continue;
         edges.resize(Size(face.deg));
@@ -233,8 +233,8 @@ void MNMesh::FillInMesh()
             const auto key = static_cast<unsigned long long>(std::min(from, to)) << 32 |
                              static_cast<unsigned int>(std::max(from, to));
             const auto found = open.find(key);
-            if (found != open.end() && m_edges[Size(found->second)].v1 == to) {
-                m_edges[Size(found->second)].f2 = i;
+            if (found != open.end() && m_Edges[Size(found->second)].v1 == to) {
+                m_Edges[Size(found->second)].f2 = i;
                 edges[Size(corner)] = found->second;
                 open.erase(found);
                 continue;
@@ -243,9 +243,9 @@ void MNMesh::FillInMesh()
             edge.v1 = from;
             edge.v2 = to;
             edge.f1 = i;
-            edges[Size(corner)] = static_cast<int>(m_edges.size());
+            edges[Size(corner)] = static_cast<int>(m_Edges.size());
             open[key] = edges[Size(corner)];
-            m_edges.push_back(edge);
+            m_Edges.push_back(edge);
         }
         face.SetEdges(edges.data());
     }
@@ -302,11 +302,11 @@ void MNMesh::OutToTri(Mesh& mesh) const
 
 void MNMesh::Publish()
 {
-    numv = static_cast<int>(m_verts.size());
-    v = Shown(m_verts);
-    nume = static_cast<int>(m_edges.size());
-    e = Shown(m_edges);
-    numf = static_cast<int>(m_faces.size());
-    f = Shown(m_faces);
-    numm = static_cast<int>(m_maps.size());
+    numv = static_cast<int>(m_Verts.size());
+    v = Shown(m_Verts);
+    nume = static_cast<int>(m_Edges.size());
+    e = Shown(m_Edges);
+    numf = static_cast<int>(m_Faces.size());
+    f = Shown(m_Faces);
+    numm = static_cast<int>(m_Maps.size());
 }

@@ -25,31 +25,31 @@ T* Shown(std::vector<T>& items)
 
 }  // namespace
 
-Mesh::Mesh(const Mesh& other) : m_verts(other.m_verts), m_faces(other.m_faces), m_channels(other.m_channels)
+Mesh::Mesh(const Mesh& other) : m_Verts(other.m_Verts), m_Faces(other.m_Faces), m_Channels(other.m_Channels)
 {
     Publish();
 }
 
 Mesh& Mesh::operator=(const Mesh& other)
 {
-    m_verts = other.m_verts;
-    m_faces = other.m_faces;
-    m_channels = other.m_channels;
+    m_Verts = other.m_Verts;
+    m_Faces = other.m_Faces;
+    m_Channels = other.m_Channels;
     Publish();
     return *this;
 }
 
 BOOL Mesh::setNumVerts(int count, BOOL keep, BOOL)
 {
-    Resize(m_verts, count, keep, Point3(0, 0, 0));
+    Resize(m_Verts, count, keep, Point3(0, 0, 0));
     Publish();
     return TRUE;
 }
 
 BOOL Mesh::setNumFaces(int count, BOOL keep, BOOL)
 {
-    Resize(m_faces, count, keep, Face());
-    for (Channel& channel : m_channels)
+    Resize(m_Faces, count, keep, Face());
+    for (Channel& channel : m_Channels)
         if (channel.used)
             Resize(channel.faces, count, keep, TVFace());
     Publish();
@@ -127,22 +127,22 @@ Mesh::Channel* Mesh::Made(int channel)
 {
     if (channel < 0 || channel >= MAX_MESHMAPS)
         return nullptr;
-    if (m_channels.size() <= Size(channel))
-        m_channels.resize(Size(channel) + 1);
-    return &m_channels[Size(channel)];
+    if (m_Channels.size() <= Size(channel))
+        m_Channels.resize(Size(channel) + 1);
+    return &m_Channels[Size(channel)];
 }
 
 const Mesh::Channel* Mesh::Known(int channel) const
 {
-    return channel >= 0 && Size(channel) < m_channels.size() ? &m_channels[Size(channel)] : nullptr;
+    return channel >= 0 && Size(channel) < m_Channels.size() ? &m_Channels[Size(channel)] : nullptr;
 }
 
 void Mesh::Publish()
 {
-    numVerts = static_cast<int>(m_verts.size());
-    verts = Shown(m_verts);
-    numFaces = static_cast<int>(m_faces.size());
-    faces = Shown(m_faces);
+    numVerts = static_cast<int>(m_Verts.size());
+    verts = Shown(m_Verts);
+    numFaces = static_cast<int>(m_Faces.size());
+    faces = Shown(m_Faces);
     numCVerts = getNumMapVerts(0);
     vertCol = numCVerts > 0 ? mapVerts(0) : nullptr;
     vcFace = mapSupport(0) ? mapFaces(0) : nullptr;

@@ -27,26 +27,26 @@ void MakeBoxPolygons(MNMesh& mesh, const Box3& box)
 
 // Boxes stand on their pivot; bones and what moves like them reach along X.
 SolidObject::SolidObject(std::string name, SClass_ID, Class_ID classID)
-    : m_name(std::move(name)),
-      m_classID(classID),
-      m_box(classID == Class_ID(BOXOBJ_CLASS_ID, 0) ? Box3(Point3(-5, -5, 0), Point3(5, 5, 10))
+    : m_Name(std::move(name)),
+      m_ClassID(classID),
+      m_Box(classID == Class_ID(BOXOBJ_CLASS_ID, 0) ? Box3(Point3(-5, -5, 0), Point3(5, 5, 10))
                                                     : Box3(Point3(0, -2, -2), Point3(20, 2, 2)))
 {
 }
 
 int SolidObject::CanConvertToType(Class_ID classID)
 {
-    return classID == m_classID || classID == triObjectClassID || classID == polyObjectClassID;
+    return classID == m_ClassID || classID == triObjectClassID || classID == polyObjectClassID;
 }
 
 Object* SolidObject::ConvertToType(TimeValue t, Class_ID classID)
 {
-    if (classID == m_classID)
+    if (classID == m_ClassID)
         return this;
     if (!CanConvertToType(classID))
         return nullptr;
     PolyObject* polygons = SceneObjects::Adopt(new PolyObject);
-    MakeBoxPolygons(polygons->mm, m_box);
+    MakeBoxPolygons(polygons->mm, m_Box);
     if (classID == polyObjectClassID)
         return polygons;
     Object* triangles = polygons->ConvertToType(t, triObjectClassID);

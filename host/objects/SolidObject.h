@@ -16,19 +16,19 @@ class SolidObject final : public GeomObject {
 public:
     SolidObject(std::string name, SClass_ID superClass, Class_ID classID);
 
-    Class_ID ClassID() override { return m_classID; }
-    void GetClassName(MSTR& name) override { name = m_name.c_str(); }
+    Class_ID ClassID() override { return m_ClassID; }
+    void GetClassName(MSTR& name) override { name = m_Name.c_str(); }
     ObjectState Eval(TimeValue) override { return ObjectState(this); }
     int CanConvertToType(Class_ID classID) override;
     Object* ConvertToType(TimeValue t, Class_ID classID) override;
 
-    const Box3& GetBox() const { return m_box; }
-    void SetBox(const Box3& box) { m_box = box; }
+    const Box3& GetBox() const { return m_Box; }
+    void SetBox(const Box3& box) { m_Box = box; }
 
 private:
-    std::string m_name;
-    Class_ID m_classID;
-    Box3 m_box;
+    std::string m_Name;
+    Class_ID m_ClassID;
+    Box3 m_Box;
 };
 
 }  // namespace maxhost

@@ -32,10 +32,10 @@ private:
     double Turn(int a, int b, int c) const;
     bool IsEar(int corner) const;
 
-    std::vector<Flat> m_points;
-    std::vector<int> m_next;
-    std::vector<int> m_previous;
-    std::vector<Triangle> m_triangles;
+    std::vector<Flat> m_Points;
+    std::vector<int> m_Next;
+    std::vector<int> m_Previous;
+    std::vector<Triangle> m_Triangles;
 };
 
 }  // namespace maxhost

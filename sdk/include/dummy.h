@@ -11,14 +11,14 @@ public:
     void GetClassName(MSTR& name) override { name = "Dummy"; }
     ObjectState Eval(TimeValue) override { return ObjectState(this); }
 
-    Box3 GetBox() const { return m_box; }
-    void SetBox(Box3& box) { m_box = box; }
-    void SetColor(Point3 colour) { m_colour = colour; }
-    void EnableDisplay() { m_displayed = true; }
-    void DisableDisplay() { m_displayed = false; }
+    Box3 GetBox() const { return m_Box; }
+    void SetBox(Box3& box) { m_Box = box; }
+    void SetColor(Point3 colour) { m_Colour = colour; }
+    void EnableDisplay() { m_Displayed = true; }
+    void DisableDisplay() { m_Displayed = false; }
 
 private:
-    Box3 m_box = Box3(Point3(-10, -10, -10), Point3(10, 10, 10));
-    Point3 m_colour = Point3(0, 0, 0);
-    bool m_displayed = true;
+    Box3 m_Box = Box3(Point3(-10, -10, -10), Point3(10, 10, 10));
+    Point3 m_Colour = Point3(0, 0, 0);
+    bool m_Displayed = true;
 };

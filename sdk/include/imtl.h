@@ -30,14 +30,14 @@ public:
 
 class CoreExport MtlBase : public ReferenceTarget, public ISubMap {
 public:
-    MSTR& GetName() { return m_name; }
-    void SetName(MSTR name) { m_name = name; }
+    MSTR& GetName() { return m_Name; }
+    void SetName(MSTR name) { m_Name = name; }
     virtual BOOL IsMultiMtl() { return FALSE; }
     // Brings what the getters answer to time `t`.
     virtual void Update(TimeValue t, Interval& valid) = 0;
 
 private:
-    MSTR m_name;
+    MSTR m_Name;
 };
 
 // A material. The getters answer the values of the last Update.

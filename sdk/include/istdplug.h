@@ -62,10 +62,10 @@ public:
 // Room for a key of any controller.
 class AnyKey {
 public:
-    operator IKey*() { return reinterpret_cast<IKey*>(m_data); }
+    operator IKey*() { return reinterpret_cast<IKey*>(m_Data); }
 
 private:
-    alignas(8) char m_data[128] = {};
+    alignas(8) char m_Data[128] = {};
 };
 
 // The keys of a controller, had by GetInterface(I_KEYCONTROL). Keys are of the

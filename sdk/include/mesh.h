@@ -108,7 +108,7 @@ private:
     const Channel* Known(int channel) const;
     void Publish();  // the public arrays show what the private ones hold
 
-    std::vector<Point3> m_verts;
-    std::vector<Face> m_faces;
-    std::vector<Channel> m_channels;
+    std::vector<Point3> m_Verts;
+    std::vector<Face> m_Faces;
+    std::vector<Channel> m_Channels;
 };

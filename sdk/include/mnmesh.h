@@ -12,12 +12,12 @@
 
 class CoreExport FlagUser {
 public:
-    void SetFlag(DWORD f, bool on = true) { m_flags = on ? m_flags | f : m_flags & ~f; }
-    void ClearFlag(DWORD f) { m_flags &= ~f; }
-    bool GetFlag(DWORD f) const { return (m_flags & f) != 0; }
+    void SetFlag(DWORD f, bool on = true) { m_Flags = on ? m_Flags | f : m_Flags & ~f; }
+    void ClearFlag(DWORD f) { m_Flags &= ~f; }
+    bool GetFlag(DWORD f) const { return (m_Flags & f) != 0; }
 
 private:
-    DWORD m_flags = 0;
+    DWORD m_Flags = 0;
 };
 
 class MNVert : public FlagUser {
@@ -91,8 +91,8 @@ public:
 private:
     void Publish();
 
-    std::vector<UVVert> m_verts;
-    std::vector<MNMapFace> m_faces;
+    std::vector<UVVert> m_Verts;
+    std::vector<MNMapFace> m_Faces;
 };
 
 // A polygon mesh. Map channels are numbered as in Mesh; one that isn't used is dead.
@@ -114,7 +114,7 @@ public:
     MNEdge* E(int i) const { return &e[i]; }
     MNFace* F(int i) const { return &f[i]; }
     Point3& P(int i) const { return v[i].p; }
-    MNMap* M(int channel) const { return &m_maps[static_cast<size_t>(channel)]; }
+    MNMap* M(int channel) const { return &m_Maps[static_cast<size_t>(channel)]; }
     int MNum() const { return numm; }
 
     void setNumVerts(int count);
@@ -140,8 +140,8 @@ public:
 private:
     void Publish();
 
-    std::vector<MNVert> m_verts;
-    std::vector<MNEdge> m_edges;
-    std::vector<MNFace> m_faces;
-    mutable std::vector<MNMap> m_maps;
+    std::vector<MNVert> m_Verts;
+    std::vector<MNEdge> m_Edges;
+    std::vector<MNFace> m_Faces;
+    mutable std::vector<MNMap> m_Maps;
 };

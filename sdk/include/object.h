@@ -111,8 +111,8 @@ public:
 
     // The class's name until the user gives another.
     virtual MSTR GetName();
-    virtual void SetName(MSTR name) { m_name = name; }
-    virtual int IsEnabled() { return m_enabled; }
+    virtual void SetName(MSTR name) { m_Name = name; }
+    virtual int IsEnabled() { return m_Enabled; }
     virtual void EnableMod();
     virtual void DisableMod();
 
@@ -122,6 +122,6 @@ public:
     virtual Interval LocalValidity(TimeValue) { return FOREVER; }
 
 private:
-    MSTR m_name;
-    BOOL m_enabled = TRUE;
+    MSTR m_Name;
+    BOOL m_Enabled = TRUE;
 };

@@ -49,7 +49,7 @@ public:
     ReferenceTarget& operator=(const ReferenceTarget&) { return *this; }
     ~ReferenceTarget() override;
 
-    BOOL HasReferences() const { return m_slots != nullptr; }
+    BOOL HasReferences() const { return m_Slots != nullptr; }
     // Passes a message to all that refer to this.
     RefResult NotifyDependents(const Interval& changed, PartID part, RefMessage message);
 
@@ -58,7 +58,7 @@ private:
     // that the scene frees when it closes.
     friend class maxhost::ReferenceSlot;
     friend class maxhost::SceneObjects;
-    maxhost::ReferenceSlot* m_slots = nullptr;
-    ReferenceTarget* m_previous = nullptr;
-    ReferenceTarget* m_next = nullptr;
+    maxhost::ReferenceSlot* m_Slots = nullptr;
+    ReferenceTarget* m_Previous = nullptr;
+    ReferenceTarget* m_Next = nullptr;
 };

@@ -15,8 +15,8 @@ public:
     CStr& operator=(const CStr&) = default;
     CStr& operator=(const char* text);
 
-    char* data() { return m_text.data(); }
-    const char* data() const { return m_text.c_str(); }
+    char* data() { return m_Text.data(); }
+    const char* data() const { return m_Text.c_str(); }
     operator char*() { return data(); }
     operator const char*() const { return data(); }
 
@@ -53,7 +53,7 @@ public:
     int printf(const char* format, ...);
 
 private:
-    std::string m_text;
+    std::string m_Text;
 };
 
 using MSTR = CStr;

@@ -17,73 +17,73 @@ class Tab {
 
 public:
     Tab() = default;
-    Tab(const Tab& other) { Append(other.m_count, other.m_items); }
+    Tab(const Tab& other) { Append(other.m_Count, other.m_Items); }
     Tab& operator=(const Tab& other)
     {
         if (this != &other) {
             ZeroCount();
-            Append(other.m_count, other.m_items);
+            Append(other.m_Count, other.m_Items);
         }
         return *this;
     }
-    ~Tab() { std::free(m_items); }
+    ~Tab() { std::free(m_Items); }
 
-    int Count() const { return m_count; }
-    void ZeroCount() { m_count = 0; }
+    int Count() const { return m_Count; }
+    void ZeroCount() { m_Count = 0; }
     // New elements hold whatever the memory held.
     void SetCount(int count, BOOL resize = TRUE)
     {
-        if (resize || count > m_room)
+        if (resize || count > m_Room)
             Resize(count);
-        m_count = count;
+        m_Count = count;
     }
     int Resize(int room)
     {
         if (room == 0) {
-            std::free(m_items);
-            m_items = nullptr;
+            std::free(m_Items);
+            m_Items = nullptr;
         } else {
-            void* items = std::realloc(static_cast<void*>(m_items), sizeof(T) * static_cast<size_t>(room));
+            void* items = std::realloc(static_cast<void*>(m_Items), sizeof(T) * static_cast<size_t>(room));
             if (!items)
                 throw std::bad_alloc();
-            m_items = static_cast<T*>(items);
+            m_Items = static_cast<T*>(items);
         }
-        m_room = room;
-        m_count = m_count < room ? m_count : room;
+        m_Room = room;
+        m_Count = m_Count < room ? m_Count : room;
         return TRUE;
     }
-    void Shrink() { Resize(m_count); }
+    void Shrink() { Resize(m_Count); }
 
     // Answers the index of the first new element.
-    int Append(int count, T* items, int allocExtra = 0) { return Insert(m_count, count, items, allocExtra); }
+    int Append(int count, T* items, int allocExtra = 0) { return Insert(m_Count, count, items, allocExtra); }
     int Insert(int at, int count, T* items) { return Insert(at, count, items, 0); }
     int Delete(int start, int count)
     {
-        std::memmove(static_cast<void*>(m_items + start), m_items + start + count,
-                     sizeof(T) * static_cast<size_t>(m_count - start - count));
-        m_count -= count;
-        return m_count;
+        std::memmove(static_cast<void*>(m_Items + start), m_Items + start + count,
+                     sizeof(T) * static_cast<size_t>(m_Count - start - count));
+        m_Count -= count;
+        return m_Count;
     }
 
-    T* Addr(INT_PTR i) const { return m_items + i; }
-    T& operator[](const INT_PTR i) const { return m_items[i]; }
-    void Sort(CompareFnc compare) { std::qsort(m_items, static_cast<size_t>(m_count), sizeof(T), compare); }
+    T* Addr(INT_PTR i) const { return m_Items + i; }
+    T& operator[](const INT_PTR i) const { return m_Items[i]; }
+    void Sort(CompareFnc compare) { std::qsort(m_Items, static_cast<size_t>(m_Count), sizeof(T), compare); }
 
 private:
     int Insert(int at, int count, T* items, int allocExtra)
     {
         if (count <= 0)
             return at;
-        if (m_count + count > m_room)
-            Resize(m_count + count + (allocExtra > 0 ? allocExtra : m_count / 2));
-        std::memmove(static_cast<void*>(m_items + at + count), m_items + at,
-                     sizeof(T) * static_cast<size_t>(m_count - at));
-        std::memcpy(static_cast<void*>(m_items + at), items, sizeof(T) * static_cast<size_t>(count));
-        m_count += count;
+        if (m_Count + count > m_Room)
+            Resize(m_Count + count + (allocExtra > 0 ? allocExtra : m_Count / 2));
+        std::memmove(static_cast<void*>(m_Items + at + count), m_Items + at,
+                     sizeof(T) * static_cast<size_t>(m_Count - at));
+        std::memcpy(static_cast<void*>(m_Items + at), items, sizeof(T) * static_cast<size_t>(count));
+        m_Count += count;
         return at;
     }
 
-    T* m_items = nullptr;
-    int m_count = 0;
-    int m_room = 0;
+    T* m_Items = nullptr;
+    int m_Count = 0;
+    int m_Room = 0;
 };

@@ -12,23 +12,23 @@ class ModuleTest : public HostTest {
 protected:
     ModuleTest()
     {
-        Host().SetDebugListener([this](const char* text) { m_heard += std::string(text) + ";"; });
-        m_folder = std::filesystem::temp_directory_path() /
+        Host().SetDebugListener([this](const char* text) { m_Heard += std::string(text) + ";"; });
+        m_Folder = std::filesystem::temp_directory_path() /
                    ("vkt_module_test_" + std::to_string(std::random_device()()));
-        std::filesystem::create_directory(m_folder);
+        std::filesystem::create_directory(m_Folder);
     }
     ~ModuleTest() override
     {
         Host().UnloadModules();
         Host().SetDebugListener(nullptr);
-        std::filesystem::remove_all(m_folder);
+        std::filesystem::remove_all(m_Folder);
     }
 
     static std::string PathOf(const std::string& name)
     {
         return TEST_MODULE_FOLDER "/test_module_" + name + TEST_MODULE_SUFFIX;
     }
-    bool Load(const std::string& name) { return Host().LoadModule(PathOf(name), m_error); }
+    bool Load(const std::string& name) { return Host().LoadModule(PathOf(name), m_Error); }
     static std::string TextOf(const std::filesystem::path& path)
     {
         std::stringstream text;
@@ -36,14 +36,14 @@ protected:
         return text.str();
     }
 
-    std::filesystem::path m_folder;
-    std::string m_heard;
-    std::string m_error;
+    std::filesystem::path m_Folder;
+    std::string m_Heard;
+    std::string m_Error;
 };
 
 TEST_F(ModuleTest, AGoodModuleIsStartedRegisteredAndShutDown)
 {
-    ASSERT_TRUE(Load("good")) << m_error;
+    ASSERT_TRUE(Load("good")) << m_Error;
     ASSERT_EQ(Host().GetModules().size(), 1u);
     EXPECT_EQ(Host().GetModules()[0]->GetDescription(), "Test module");
     ClassDesc* desc = Host().GetClasses().Find(SCENE_EXPORT_CLASS_ID, Class_ID(0x7e57, 0x7e57));
@@ -51,39 +51,39 @@ TEST_F(ModuleTest, AGoodModuleIsStartedRegisteredAndShutDown)
     EXPECT_STREQ(desc->ClassName(), "TestExport");
     Host().UnloadModules();
     EXPECT_EQ(Host().GetClasses().Find(SCENE_EXPORT_CLASS_ID, Class_ID(0x7e57, 0x7e57)), nullptr);
-    EXPECT_EQ(m_heard, "started;shut down;");
+    EXPECT_EQ(m_Heard, "started;shut down;");
 }
 
 TEST_F(ModuleTest, AModuleOfAnotherReleaseIsRefusedBeforeItStarts)
 {
     EXPECT_FALSE(Load("old"));
-    EXPECT_EQ(m_error,
+    EXPECT_EQ(m_Error,
               PathOf("old") + ": was built for version 655365888 of the host, this is version 720902400");
-    EXPECT_EQ(m_heard, "");
+    EXPECT_EQ(m_Heard, "");
     EXPECT_TRUE(Host().GetModules().empty());
 }
 
 TEST_F(ModuleTest, AModuleThatDoesNotStartIsNotShutDownEither)
 {
     EXPECT_FALSE(Load("refusing"));
-    EXPECT_EQ(m_error, PathOf("refusing") + ": refused to start");
-    EXPECT_EQ(m_heard, "started;");
+    EXPECT_EQ(m_Error, PathOf("refusing") + ": refused to start");
+    EXPECT_EQ(m_Heard, "started;");
 }
 
 TEST_F(ModuleTest, WhatIsNoModuleIsRefused)
 {
     EXPECT_FALSE(Load("no_version"));
-    EXPECT_EQ(m_error, PathOf("no_version") + ": is no plug-in: it does not export LibVersion");
-    EXPECT_FALSE(Host().LoadModule("/nowhere/plugin.dlu", m_error));
-    EXPECT_EQ(m_error.rfind("/nowhere/plugin.dlu: ", 0), 0u) << m_error;
-    EXPECT_GT(m_error.size(), std::string("/nowhere/plugin.dlu: ").size());
+    EXPECT_EQ(m_Error, PathOf("no_version") + ": is no plug-in: it does not export LibVersion");
+    EXPECT_FALSE(Host().LoadModule("/nowhere/plugin.dlu", m_Error));
+    EXPECT_EQ(m_Error.rfind("/nowhere/plugin.dlu: ", 0), 0u) << m_Error;
+    EXPECT_GT(m_Error.size(), std::string("/nowhere/plugin.dlu: ").size());
 }
 
 TEST_F(ModuleTest, TheSameClassComesOnce)
 {
     ASSERT_TRUE(Load("good"));
     EXPECT_FALSE(Load("no_selection"));
-    EXPECT_EQ(m_error, PathOf("no_selection") + ": brings class \"TestExport\", which is there already");
+    EXPECT_EQ(m_Error, PathOf("no_selection") + ": brings class \"TestExport\", which is there already");
     EXPECT_NE(Host().GetClasses().Find(SCENE_EXPORT_CLASS_ID, Class_ID(0x7e57, 0x7e57)), nullptr);
     EXPECT_EQ(Host().GetModules().size(), 1u);
 }
@@ -94,28 +94,28 @@ TEST_F(ModuleTest, ExportGoesToTheClassThatTakesTheExtension)
     Host().SetDirectory(APP_PLUGCFG_DIR, "/private/config");
     maxhost::MakeNode("a");
     maxhost::MakeNode("b");
-    EXPECT_EQ(Host().Export((m_folder / "out.TST").string(), {}, m_error), IMPEXP_SUCCESS) << m_error;
-    EXPECT_EQ(TextOf(m_folder / "out.TST"), "2\n1\n1\n0\n1\n/private/config\n");
-    EXPECT_EQ(m_heard, "started;exported;");
+    EXPECT_EQ(Host().Export((m_Folder / "out.TST").string(), {}, m_Error), IMPEXP_SUCCESS) << m_Error;
+    EXPECT_EQ(TextOf(m_Folder / "out.TST"), "2\n1\n1\n0\n1\n/private/config\n");
+    EXPECT_EQ(m_Heard, "started;exported;");
 
     maxhost::HeadlessHost::ExportOptions options;
     options.selectedOnly = true;
     options.suppressPrompts = false;
-    EXPECT_EQ(Host().Export((m_folder / "selected.tst").string(), options, m_error), IMPEXP_SUCCESS);
-    EXPECT_EQ(TextOf(m_folder / "selected.tst"), "2\n1\n0\n1\n1\n/private/config\n");
+    EXPECT_EQ(Host().Export((m_Folder / "selected.tst").string(), options, m_Error), IMPEXP_SUCCESS);
+    EXPECT_EQ(TextOf(m_Folder / "selected.tst"), "2\n1\n0\n1\n1\n/private/config\n");
 }
 
 TEST_F(ModuleTest, ExportSaysWhyItCannot)
 {
-    EXPECT_EQ(Host().Export("scene.tst", {}, m_error), IMPEXP_FAIL);
-    EXPECT_EQ(m_error, "no loaded module exports files of type \"tst\"");
+    EXPECT_EQ(Host().Export("scene.tst", {}, m_Error), IMPEXP_FAIL);
+    EXPECT_EQ(m_Error, "no loaded module exports files of type \"tst\"");
     ASSERT_TRUE(Load("no_selection"));
     maxhost::HeadlessHost::ExportOptions options;
     options.selectedOnly = true;
-    EXPECT_EQ(Host().Export("scene.tst", options, m_error), IMPEXP_FAIL);
-    EXPECT_EQ(m_error, "Test can't export a selection");
-    EXPECT_EQ(Host().Export("scene.boom", {}, m_error), IMPEXP_FAIL);
-    EXPECT_EQ(m_error, "the exporter failed: no such thing");
+    EXPECT_EQ(Host().Export("scene.tst", options, m_Error), IMPEXP_FAIL);
+    EXPECT_EQ(m_Error, "Test can't export a selection");
+    EXPECT_EQ(Host().Export("scene.boom", {}, m_Error), IMPEXP_FAIL);
+    EXPECT_EQ(m_Error, "the exporter failed: no such thing");
 }
 
 TEST_F(ModuleTest, StringsComeFromTheModule)

@@ -75,23 +75,23 @@ TEST_F(ObjectTest, AnObjectWithoutModifiersEvaluatesToItself)
 class MoveModifier final : public Modifier {
 public:
     explicit MoveModifier(std::vector<const Modifier*>* order = nullptr, Point3 by = Point3(1, 0, 0))
-        : m_order(order), m_by(by)
+        : m_Order(order), m_By(by)
     {
     }
     Class_ID ClassID() override { return Class_ID(0x7e57, 0x1); }
     void GetClassName(MSTR& name) override { name = "Move"; }
     void ModifyObject(TimeValue, ModContext& context, ObjectState* state, INode*) override
     {
-        if (m_order)
-            m_order->push_back(this);
+        if (m_Order)
+            m_Order->push_back(this);
         PolyObject* poly = static_cast<PolyObject*>(state->obj);
         for (int i = 0; i < poly->mm.numv; ++i)
-            poly->mm.P(i) += context.tm ? VectorTransform(m_by, *context.tm) : m_by;
+            poly->mm.P(i) += context.tm ? VectorTransform(m_By, *context.tm) : m_By;
     }
 
 private:
-    std::vector<const Modifier*>* m_order;
-    Point3 m_by;
+    std::vector<const Modifier*>* m_Order;
+    Point3 m_By;
 };
 
 class StackTest : public HostTest {

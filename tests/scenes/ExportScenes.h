@@ -31,12 +31,12 @@ public:
 // A class of its own over a triangle mesh: what the exporter tells apart by class id.
 class OddMesh final : public TriObject {
 public:
-    explicit OddMesh(Class_ID type) : m_type(type) {}
-    Class_ID ClassID() override { return m_type; }
-    BOOL IsSubClassOf(Class_ID type) override { return type == m_type || TriObject::IsSubClassOf(type); }
+    explicit OddMesh(Class_ID type) : m_Type(type) {}
+    Class_ID ClassID() override { return m_Type; }
+    BOOL IsSubClassOf(Class_ID type) override { return type == m_Type || TriObject::IsSubClassOf(type); }
 
 private:
-    Class_ID m_type;
+    Class_ID m_Type;
 };
 
 // A triangle object with one face over the three given or usual points.

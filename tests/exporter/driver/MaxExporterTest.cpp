@@ -150,16 +150,16 @@ TEST_F(MaxExporterTest, SuppressedPromptsStillWriteTheConfiguration)
 // Puts a folder in the place of the file while the scene is walked.
 class Saboteur final : public TriObject {
 public:
-    explicit Saboteur(const std::string& path) : m_path(path) {}
+    explicit Saboteur(const std::string& path) : m_Path(path) {}
     ObjectState Eval(TimeValue t) override
     {
-        if (!std::filesystem::exists(m_path))
-            std::filesystem::create_directory(m_path);
+        if (!std::filesystem::exists(m_Path))
+            std::filesystem::create_directory(m_Path);
         return TriObject::Eval(t);
     }
 
 private:
-    std::string m_path;
+    std::string m_Path;
 };
 
 TEST_F(MaxExporterTest, FailedSaveLeavesNoOldFileAndIsASuccess)

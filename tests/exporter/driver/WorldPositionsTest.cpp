@@ -25,8 +25,8 @@ struct Variety {
 
 class WorldPositionsTest : public ExportTest {
 protected:
-    float Any(float low, float high) { return std::uniform_real_distribution<float>(low, high)(m_random); }
-    bool OneIn(int n) { return std::uniform_int_distribution<int>(1, n)(m_random) == 1; }
+    float Any(float low, float high) { return std::uniform_real_distribution<float>(low, high)(m_Random); }
+    bool OneIn(int n) { return std::uniform_int_distribution<int>(1, n)(m_Random) == 1; }
     Point3 AnyPoint(float size) { return Point3(Any(-size, size), Any(-size, size), Any(-size, size)); }
 
     void Place(INode& node, const Variety& variety, bool isLeaf)
@@ -54,7 +54,7 @@ protected:
         std::vector<bool> isLeaf(static_cast<std::size_t>(count), true);
         std::vector<int> parents;
         for (int i = 0; i < count; ++i) {
-            const int parent = std::uniform_int_distribution<int>(-1, i - 1)(m_random);
+            const int parent = std::uniform_int_distribution<int>(-1, i - 1)(m_Random);
             parents.push_back(parent);
             if (parent >= 0)
                 isLeaf[static_cast<std::size_t>(parent)] = false;
@@ -113,7 +113,7 @@ protected:
     }
 
 private:
-    std::mt19937 m_random{20090321};
+    std::mt19937 m_Random{20090321};
 };
 
 constexpr std::size_t kAllNodes = 2 * 25 * 40;

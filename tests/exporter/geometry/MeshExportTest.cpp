@@ -14,12 +14,12 @@ using Names = std::vector<std::string>;
 // A modifier that changes nothing and only stands for its class.
 class NamedModifier final : public Modifier {
 public:
-    explicit NamedModifier(Class_ID type) : m_type(type) {}
-    Class_ID ClassID() override { return m_type; }
+    explicit NamedModifier(Class_ID type) : m_Type(type) {}
+    Class_ID ClassID() override { return m_Type; }
     void ModifyObject(TimeValue, ModContext&, ObjectState*, INode*) override {}
 
 private:
-    Class_ID m_type;
+    Class_ID m_Type;
 };
 
 const Class_ID kSkinClass(0x95C723, 0x15666);
@@ -30,17 +30,17 @@ const Class_ID kOtherClass(0x7777, 0);
 // Moves every vertex, so that what lies above and below it can be told apart.
 class Mover final : public Modifier {
 public:
-    explicit Mover(float distance) : m_distance(distance) {}
+    explicit Mover(float distance) : m_Distance(distance) {}
     Class_ID ClassID() override { return kOtherClass; }
     void ModifyObject(TimeValue, ModContext&, ObjectState* state, INode*) override
     {
         Mesh& mesh = static_cast<TriObject*>(state->obj)->mesh;
         for (int i = 0; i < mesh.numVerts; ++i)
-            mesh.verts[i].x += m_distance;
+            mesh.verts[i].x += m_Distance;
     }
 
 private:
-    float m_distance;
+    float m_Distance;
 };
 
 Names NamesOfSets(const VKT::XPolygonMesh& mesh)
@@ -158,8 +158,8 @@ TEST_F(MeshExportTest, WithoutMeshesGeometryIsPassedOver)
 // Converts to a mesh, but is of a class that is left out.
 class Excluded final : public GeomObject {
 public:
-    explicit Excluded(Class_ID type) : m_type(type) {}
-    Class_ID ClassID() override { return m_type; }
+    explicit Excluded(Class_ID type) : m_Type(type) {}
+    Class_ID ClassID() override { return m_Type; }
     ObjectState Eval(TimeValue) override { return ObjectState(this); }
     int CanConvertToType(Class_ID type) override { return type == triObjectClassID; }
     Object* ConvertToType(TimeValue, Class_ID) override
@@ -170,7 +170,7 @@ public:
     static inline int conversions = 0;
 
 private:
-    Class_ID m_type;
+    Class_ID m_Type;
 };
 
 TEST_F(MeshExportTest, TwoClassesNeverBecomeMeshes)
