@@ -3,7 +3,7 @@
 #include <iterator>
 
 #include "VKT/node/FnRegistry.h"
-#include "exporter/driver/MaxExporter.h"
+#include "plugin/MaxExporter.h"
 #include "plugin/ModuleStrings.h"
 
 namespace VKTMax {

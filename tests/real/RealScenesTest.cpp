@@ -13,9 +13,10 @@
 
 #include "VKT/support/LogCatcher.h"
 #include "VKT/support/TestModel.h"
-#include "exporter/driver/MaxExporter.h"
+#include "plugin/MaxExporter.h"
 #include "exporter/options/ExportOptions.h"
-#include "exporter/walk/ExportCore.h"
+#include "exporter/walk/BindPose.h"
+#include "exporter/walk/SceneWalk.h"
 #include "host/app/HeadlessHost.h"
 #include "host/io/BuildScene.h"
 #include "host/io/SceneReader.h"
@@ -166,8 +167,8 @@ TEST_P(RealPositions, AreThoseOfTheHost)
         XModel model;
         VKTMax::VKTExportCore core(model, false);
         INode* const root = HeadlessHost::Get().GetInterface().GetRootNode();
-        ASSERT_TRUE(core.ExportAllNodes(root, {}));
-        core.ApplyBindPose();
+        ASSERT_TRUE(VKTMax::ExportAllNodes(core, root, {}));
+        VKTMax::ApplyBindPose(core);
         if (HasNonFinite(VKT::Test::SaveText(model)))
             continue;
         ++scenes;

@@ -4,6 +4,9 @@
 #include <iterator>
 #include <random>
 
+#include "exporter/walk/BindPose.h"
+#include "exporter/walk/SceneWalk.h"
+
 namespace export_scenes {
 
 TriObject* MakeTriangle(const std::vector<Point3>& points)
@@ -45,15 +48,15 @@ void ExportTest::TearDown()
 void ExportTest::ExportScene()
 {
     VKTMax::VKTExportCore core(model, false);
-    ASSERT_TRUE(core.ExportAllNodes(Root(), {}));
-    core.ApplyBindPose();
+    ASSERT_TRUE(VKTMax::ExportAllNodes(core, Root(), {}));
+    VKTMax::ApplyBindPose(core);
 }
 
 void ExportTest::ExportSelection()
 {
     VKTMax::VKTExportCore core(model, true);
-    ASSERT_TRUE(core.ExportSelectedNodes(Root(), {}));
-    core.ApplyBindPose();
+    ASSERT_TRUE(VKTMax::ExportSelectedNodes(core, Root(), {}));
+    VKTMax::ApplyBindPose(core);
 }
 
 VKT::XBone* ExportTest::BoneOf(const std::string& name)

@@ -39,6 +39,17 @@ private:
     Class_ID m_Type;
 };
 
+// A modifier that changes nothing and only stands for its class.
+class NamedModifier final : public Modifier {
+public:
+    explicit NamedModifier(Class_ID type) : m_Type(type) {}
+    Class_ID ClassID() override { return m_Type; }
+    void ModifyObject(TimeValue, ModContext&, ObjectState*, INode*) override {}
+
+private:
+    Class_ID m_Type;
+};
+
 // A triangle object with one face over the three given or usual points.
 TriObject* MakeTriangle(const std::vector<Point3>& points = {Point3(0, 0, 0), Point3(1, 0, 0),
                                                              Point3(0, 1, 0)});

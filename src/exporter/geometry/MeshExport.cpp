@@ -1,9 +1,13 @@
 #include "exporter/geometry/MeshExport.h"
 
 #include "VKT/base/Logger.h"
+#include "VKT/document/Model.h"
 #include "VKT/geometry/PolygonMesh.h"
+#include "exporter/deformers/ModifierTable.h"
+#include "exporter/geometry/ShapePlacement.h"
 #include "exporter/options/ExportOptions.h"
-#include "exporter/walk/ExportCore.h"
+#include "exporter/walk/Pose.h"
+#include "max/Stack.h"
 
 namespace VKTMax {
 
@@ -20,22 +24,13 @@ namespace {
 constexpr int kFirstChannel = 1;
 constexpr int kLastChannel = 98;
 
-bool HasDeformingModifier(Object* derived)
-{
-    for (int i = 0; i < NumModifiersOf(derived); ++i) {
-        const HostClass modifier = ModifierClass(derived, i);
-        if (modifier == kPhysique || modifier == kSkin || modifier == kMorpher)
-            return true;
-    }
-    return false;
-}
-
 // From the object's space into that of the bone: the object offset first, which is in no
 // bone, then the scale that no bone carries. The pose as it stands leaves the offset out.
-void MovePoints(XVector3Array& points, INode* node, const Vector3d& scale)
+void MovePoints(XVector3Array& points, const HostNode& node)
 {
     const RowMatrix offset =
-        GetExportOptions().GetUseCurrentPoseAsBindpose() ? RowMatrix() : ObjectOffset(node);
+        GetExportOptions().GetUseCurrentPoseAsBindpose() ? RowMatrix() : node.objectOffset;
+    const Vector3d scale = VertexScale(node.world, CurrentScaleRules());
     for (XVector3& point : points) {
         const Vector3d moved = TransformPoint({point.x, point.y, point.z}, offset);
         point = {static_cast<f32>(moved.x * scale.x), static_cast<f32>(moved.y * scale.y),
@@ -54,7 +49,7 @@ XVertexSet* AddSet(XPolygonMesh& mesh, const XString& name, u32 numElements, u32
 }
 
 // Sets are numbered by the channels that the mesh has, those without values included.
-void AddTexCoords(XPolygonMesh& out, const HostMesh& mesh)
+void AddTexCoords(XPolygonMesh& out, const TriangleMesh& mesh)
 {
     u32 number = 0;
     for (int channel = kFirstChannel; channel <= kLastChannel; ++channel) {
@@ -72,7 +67,7 @@ void AddTexCoords(XPolygonMesh& out, const HostMesh& mesh)
     }
 }
 
-void AddColours(XPolygonMesh& out, const HostMesh& mesh)
+void AddColours(XPolygonMesh& out, const TriangleMesh& mesh)
 {
     const XVector3Array values = mesh.GetColours();
     if (values.empty())
@@ -85,48 +80,44 @@ void AddColours(XPolygonMesh& out, const HostMesh& mesh)
 
 }  // namespace
 
-void ExportGeometry(VKTExportCore& core, INode* node, Object* evaluated)
+void ExportGeometry(VKTExportCore& core, const HostNode& node)
 {
-    Object* source = FindUndeformedObject(node, evaluated);
+    const HostObject source = FindUndeformedObject(node);
     if (!source || !IsMeshWanted(source))
         return;
-    const HostMesh mesh = HostMesh::Of(source, evaluated);
+    const TriangleMesh mesh = TriangleMesh::Of(source, node.object);
     if (!mesh)
         return;
     if (GetExportOptions().GetUseXMesh()) {
         VKT::GetLogger()->LogFormat(VKT::kWarning,
                                     "The mesh of \"%s\" is left out: the old mesh format is not exported yet",
-                                    NameOf(node).c_str());
+                                    node.name.c_str());
         return;
     }
     XPolygonMesh* shape = BuildPolygonMesh(core, mesh, node);
     if (!shape)
         return;
-    PlaceShape(core, core.FindBone(node), shape, node, mesh);
-    core.shapes[evaluated] = shape;
+    PlaceShape(core, shape, node, mesh);
+    core.Remember(node.object.handle, *shape);
 }
 
-Object* FindUndeformedObject(INode* node, Object* evaluated)
+HostObject FindUndeformedObject(const HostNode& node)
 {
-    Object* source = evaluated;
-    Object* object = ObjectReference(node);
-    while (object && SuperClassOf(object) == kSuperDerived) {
-        Object* below = ObjectBelow(object);
-        if (HasDeformingModifier(object))
-            source = below;
-        object = below;
-    }
+    HostObject source = node.object;
+    for (const StackModifier& modifier : ReadStack(node.handle))
+        if (IsDeforming(modifier.type))
+            source = modifier.below;
     return source;
 }
 
-bool IsMeshWanted(Object* object)
+bool IsMeshWanted(const HostObject& object)
 {
-    if (IsSubClassOf(object, kBipedPart))
+    if (object.isBipedPart)
         return GetExportOptions().GetIncludeBipedMeshes();
-    return GetExportOptions().GetIncludeMeshes() && !IsSubClassOf(object, kBoneObject);
+    return GetExportOptions().GetIncludeMeshes() && !object.isBoneObject;
 }
 
-XPolygonMesh* BuildPolygonMesh(const VKTExportCore& core, const HostMesh& mesh, INode* node)
+XPolygonMesh* BuildPolygonMesh(const VKTExportCore& core, const TriangleMesh& mesh, const HostNode& node)
 {
     XVector3Array points = mesh.GetPoints();
     if (points.empty())
@@ -134,11 +125,11 @@ XPolygonMesh* BuildPolygonMesh(const VKTExportCore& core, const HostMesh& mesh, 
     XPolygonMesh* out = core.GetModel().CreateNode<XPolygonMesh>();
     if (!out)
         return nullptr;
-    out->SetName((NameOf(node) + "Shape").c_str());
+    out->SetName((node.name + "Shape").c_str());
     // The polygons come first: they clear the points.
     const VKT::XU32Array cornerCounts(mesh.GetNumFaces(), 3);
     out->SetPolygons(cornerCounts, mesh.GetCorners());
-    MovePoints(points, node, core.GetVertexScale(node, 0));
+    MovePoints(points, node);
     out->SetPoints(points);
     if (GetExportOptions().GetIncludeTexCoords())
         AddTexCoords(*out, mesh);

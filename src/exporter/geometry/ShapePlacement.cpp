@@ -1,12 +1,11 @@
-// Where a shape hangs, and which materials cover it there.
-
-#include <algorithm>
+#include "exporter/geometry/ShapePlacement.h"
 
 #include "VKT/document/Instance.h"
+#include "VKT/document/Model.h"
+#include "VKT/hierarchy/Bone.h"
 #include "VKT/hierarchy/Shape.h"
-#include "exporter/geometry/MeshExport.h"
 #include "exporter/options/ExportOptions.h"
-#include "exporter/walk/ExportCore.h"
+#include "max/Material.h"
 
 namespace VKTMax {
 
@@ -16,13 +15,6 @@ using VKT::XInstance;
 
 namespace {
 
-// The document's node of a material, null for none and for one that was not exported.
-XBase* FindMaterial(const VKTExportCore& core, Mtl* material)
-{
-    const auto found = core.materials.find(material);
-    return found == core.materials.end() ? nullptr : found->second;
-}
-
 // The faces of one sub-material.
 struct Bucket {
     XBase* material;  // null when it was not exported
@@ -31,17 +23,16 @@ struct Bucket {
 
 // One bucket for each sub-material that has faces, in the order of sub-materials. Face
 // numbers count modulo the number of sub-materials.
-std::vector<Bucket> SortFaces(const VKTExportCore& core, Mtl* multi, const HostMesh& mesh)
+std::vector<Bucket> SortFaces(const VKTExportCore& core, const HostMaterial& multi, const TriangleMesh& mesh)
 {
-    const u32 count = static_cast<u32>(std::max(NumSubMaterialsOf(multi), 0));
-    if (count == 0)
+    std::vector<Bucket> buckets;
+    for (Mtl* material : multi.subMaterials)
+        buckets.push_back({core.FindMaterial(material), {}});
+    if (buckets.empty())
         return {};
-    std::vector<Bucket> buckets(count);
-    for (u32 i = 0; i < count; ++i)
-        buckets[i].material = FindMaterial(core, SubMaterialOf(multi, static_cast<int>(i)));
     const XIndexList numbers = mesh.GetFaceMaterials();
     for (u32 face = 0; face < numbers.size(); ++face)
-        buckets[numbers[face] % count].faces.push_back(face);
+        buckets[numbers[face] % buckets.size()].faces.push_back(face);
     std::erase_if(buckets, [](const Bucket& bucket) { return bucket.faces.empty(); });
     return buckets;
 }
@@ -62,13 +53,13 @@ void AssignGroups(XInstance& instance, const std::vector<Bucket>& buckets)
 
 }  // namespace
 
-void PlaceShape(const VKTExportCore& core, VKT::XBone* bone, VKT::XShape* shape, INode* node,
-                const HostMesh& mesh)
+void PlaceShape(const VKTExportCore& core, VKT::XShape* shape, const HostNode& node, const TriangleMesh& mesh)
 {
+    VKT::XBone* bone = core.FindBone(node.handle);
     if (!bone)
         return;
     XInstance* instance = core.GetModel().CreateInstance(bone, shape);
-    Mtl* material = MaterialOf(node);
+    const HostMaterial material = ReadMaterial(node.material);
     if (!instance || !material || !GetExportOptions().GetIncludeMaterials())
         return;
 
@@ -76,8 +67,8 @@ void PlaceShape(const VKTExportCore& core, VKT::XBone* bone, VKT::XShape* shape,
         if (exported)
             instance->SetMaterial(exported->GetID());
     };
-    if (!IsMultiMaterial(material)) {
-        coverAll(FindMaterial(core, material));
+    if (!material.isMulti) {
+        coverAll(core.FindMaterial(material.handle));
         return;
     }
     const std::vector<Bucket> buckets = SortFaces(core, material, mesh);

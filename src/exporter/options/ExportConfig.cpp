@@ -6,7 +6,7 @@
 #include <type_traits>
 
 #include "exporter/options/ExportOptions.h"
-#include "max/HostAccess.h"
+#include "max/Application.h"
 #include "max/NativePath.h"
 
 namespace VKTMax {

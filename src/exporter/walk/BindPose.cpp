@@ -1,7 +1,7 @@
-// The pose that a document is saved in, once all nodes have been met.
+#include "exporter/walk/BindPose.h"
 
+#include "VKT/document/Model.h"
 #include "VKT/hierarchy/Bone.h"
-#include "exporter/walk/ExportCore.h"
 #include "exporter/walk/Pose.h"
 
 namespace VKTMax {
@@ -10,21 +10,21 @@ using VKT::XBone;
 
 // The pose of a bone depends on the host's matrices alone and not on that of its parent,
 // so the order of the bones does not matter. A bone without a node counts as unmoved.
-void VKTExportCore::ApplyBindPose()
+void ApplyBindPose(const VKTExportCore& core)
 {
     VKT::XNodeList bones;
-    m_Model.List(bones, VKT::kFnBone);
+    core.GetModel().List(bones, VKT::kFnBone);
     for (VKT::XBase* node : bones) {
         XBone& bone = *VKT::XCast<XBone>(node);
-        const RowMatrix world = GetBindMatrix(FindNode(&bone));
-        const RowMatrix parentWorld = GetBindMatrix(FindNode(bone.GetParent()));
+        const RowMatrix world = core.GetBindMatrix(core.FindNode(&bone));
+        const RowMatrix parentWorld = core.GetBindMatrix(core.FindNode(bone.GetParent()));
         SetPose(bone, DecomposeTransform(world, parentWorld, CurrentScaleRules()));
     }
 }
 
-void VKTExportCore::RebuildBindPoseFromCurrent()
+void RebuildBindPoseFromCurrent(const VKTExportCore& core)
 {
-    m_Model.UpdateWorldMatrices();
+    core.GetModel().UpdateWorldMatrices();
 }
 
 }  // namespace VKTMax

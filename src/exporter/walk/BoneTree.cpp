@@ -1,9 +1,10 @@
-// How a node becomes a bone: its class, name, place in the tree, pose and visibility.
+#include "exporter/walk/BoneTree.h"
 
+#include "VKT/document/Model.h"
 #include "VKT/hierarchy/Bone.h"
-#include "VKT/hierarchy/Joint.h"
-#include "exporter/walk/ExportCore.h"
 #include "exporter/walk/Pose.h"
+#include "exporter/walk/TreeWalk.h"
+#include "max/Tracks.h"
 
 namespace VKTMax {
 
@@ -13,11 +14,15 @@ using VKT::XVector3;
 namespace {
 
 // Bones of a skeleton become joints, whether by their object or by a switch of the node.
-bool IsJoint(INode* node)
+// A node without an object is none.
+bool IsJoint(const HostNode& node)
 {
-    Object* object = EvaluatedObject(node, 0);
-    return object &&
-           (IsSubClassOf(object, kBipedPart) || IsSubClassOf(object, kBoneObject) || IsBoneSwitchedOn(node));
+    return node.object && (node.object.isBipedPart || node.object.isBoneObject || node.isBone);
+}
+
+bool IsVisible(const HostNode& node)
+{
+    return !node.isHidden && node.visibility >= 0.5f;
 }
 
 XVector3 ToVector3(const AxisValues& values, f32 absent)
@@ -25,100 +30,78 @@ XVector3 ToVector3(const AxisValues& values, f32 absent)
     return {values.x.value_or(absent), values.y.value_or(absent), values.z.value_or(absent), 0.0f};
 }
 
-bool IsVisible(INode* node)
+XBone* CreateBone(VKTExportCore& core, INode* node)
 {
-    return !IsHidden(node) && VisibilityOf(node, 0) >= 0.5f;
+    const HostNode read = ReadNode(node);
+    const u32 type = IsJoint(read) ? VKT::kFnJoint : VKT::kFnBone;
+    XBone* bone = VKT::XCast<XBone>(core.GetModel().CreateNode(type));
+    if (!bone)
+        return nullptr;
+    bone->SetName(read.name.c_str());
+    bone->SetVisible(IsVisible(read));
+    core.Remember(node, *bone);
+    return bone;
+}
+
+void HangUnderParent(VKTExportCore& core, INode* node, XBone* bone)
+{
+    if (XBone* parent = core.FindBone(ParentOf(node)))
+        parent->AddChild(bone);
 }
 
 }  // namespace
 
 void CaptureControllerTransform(INode* node, XBone& bone)
 {
-    if (!HasTransformController(node))
+    const std::optional<TransformTracks> tracks = ReadTransformTracks(node, 0);
+    if (!tracks)
         return;
     VKT::XQuaternion rotation;
     constexpr u32 xyz = 0;
-    VKT::XEulerToQuaternion(ToVector3(RotationTracks(node, 0), 0.0f), xyz, rotation);
-    bone.SetTranslate(ToVector3(PositionTracks(node, 0), 0.0f));
-    bone.SetScale(ToVector3(ScaleTracks(node, 0), 1.0f));
+    VKT::XEulerToQuaternion(ToVector3(tracks->rotation, 0.0f), xyz, rotation);
+    bone.SetTranslate(ToVector3(tracks->position, 0.0f));
+    bone.SetScale(ToVector3(tracks->scale, 1.0f));
     bone.SetRotation(rotation);
     bone.SetBindFromCurrent();
 }
 
-XBone* VKTExportCore::CreateBone(INode* node)
-{
-    const u32 type = IsJoint(node) ? VKT::kFnJoint : VKT::kFnBone;
-    XBone* bone = VKT::XCast<XBone>(m_Model.CreateNode(type));
-    if (!bone)
-        return nullptr;
-    bone->SetName(NameOf(node).c_str());
-    m_Nodes.emplace(node, bone);
-    m_NodesByBone.emplace(bone, node);
-    return bone;
-}
-
 // Children are finished before their parent, so each bone is hung under a parent that
 // hangs nowhere yet: adding it looks a step or two up, however deep the tree.
-bool VKTExportCore::CreateBoneTree(INode* node, bool recursive)
+bool CreateBoneTree(VKTExportCore& core, INode* node, bool recursive)
 {
-    if (FindBone(node))
+    if (core.FindBone(node))
         return true;
-
-    struct Step {
-        INode* node;
-        XBone* bone;
-        int nextChild;
-    };
-    std::vector<Step> path;
-    const auto enter = [&](INode* entered) {
-        XBone* bone = CreateBone(entered);
-        if (bone)
-            path.push_back({entered, bone, 0});
-        return bone != nullptr;
-    };
-
-    if (!enter(node))
-        return false;
-    while (!path.empty()) {
-        Step& step = path.back();
-        if (step.nextChild < NumChildrenOf(step.node)) {
-            INode* child = ChildOf(step.node, step.nextChild++);
-            if (XBone* known = FindBone(child))
-                step.bone->AddChild(known);
-            else if (recursive && !enter(child))
-                return false;
-            continue;
+    const auto enter = [&](INode* met) {
+        if (XBone* known = core.FindBone(met)) {
+            HangUnderParent(core, met, known);
+            return Visit::Skip;
         }
-        XBone* finished = step.bone;
-        FinishBone(step.node, *finished);
-        path.pop_back();
+        if (met != node && !recursive)
+            return Visit::Skip;
+        return CreateBone(core, met) ? Visit::Descend : Visit::Stop;
+    };
+    const auto leave = [&](INode* met) {
+        XBone* bone = core.FindBone(met);
+        HangUnderParent(core, met, bone);
+        SetPose(*bone, LocalTransform(met, 0));
         // Kept on purpose: the bone hangs under its parent already, so this is refused
         // with an error in the log, once for each bone of a recursive build.
-        if (!path.empty())
-            path.back().bone->AddChild(finished);
-    }
-    return true;
-}
-
-void VKTExportCore::FinishBone(INode* node, XBone& bone)
-{
-    if (XBone* parent = FindBone(ParentOf(node)))
-        parent->AddChild(&bone);
-    SetPose(bone, GetLocalTransform(node, 0));
-    bone.SetVisible(IsVisible(node));
-}
-
-bool VKTExportCore::CreateSelectedBone(INode* node)
-{
-    if (FindBone(node) || !IsSelected(node))
+        if (met != node)
+            HangUnderParent(core, met, bone);
         return true;
-    XBone* bone = CreateBone(node);
+    };
+    return WalkTree(node, enter, leave);
+}
+
+bool CreateSelectedBone(VKTExportCore& core, INode* node)
+{
+    if (core.FindBone(node) || !IsSelected(node))
+        return true;
+    XBone* bone = CreateBone(core, node);
     if (!bone)
         return false;
-    if (XBone* parent = FindBone(ParentOf(node)))
-        parent->AddChild(bone);
-    captureTransform(node, *bone);
-    bone->SetVisible(IsVisible(node));
+    HangUnderParent(core, node, bone);
+    CaptureControllerTransform(node, *bone);
     return true;
 }
 

@@ -1,48 +1,66 @@
 #include "exporter/walk/ExportCore.h"
 
-#include "VKT/hierarchy/Bone.h"
-#include "exporter/options/ExportOptions.h"
+#include "max/Node.h"
 
 namespace VKTMax {
+namespace {
 
-using VKT::XBase;
-using VKT::XBone;
-
-ScaleRules CurrentScaleRules()
+template <class Map, class Key>
+auto Find(const Map& map, Key key) -> typename Map::mapped_type
 {
-    return {GetExportOptions().GetScaleFactor(), GetExportOptions().GetRemoveScale()};
+    const auto found = map.find(key);
+    return found == map.end() ? nullptr : found->second;
 }
 
-XBone* VKTExportCore::FindBone(INode* node) const
+}  // namespace
+
+void VKTExportCore::Remember(INode* node, VKT::XBone& bone)
 {
-    const auto found = m_Nodes.find(node);
-    return found == m_Nodes.end() ? nullptr : VKT::XCast<XBone>(found->second);
+    m_Bones.emplace(node, &bone);
+    m_NodesByBone.emplace(&bone, node);
 }
 
-INode* VKTExportCore::FindNode(const XBone* bone) const
+void VKTExportCore::Remember(Object* evaluated, VKT::XBase& shape)
 {
-    const auto found = m_NodesByBone.find(bone);
-    return found == m_NodesByBone.end() ? nullptr : found->second;
+    m_Shapes.emplace(evaluated, &shape);
 }
 
-TransformParts VKTExportCore::GetLocalTransform(INode* node, i32 ticks) const
+void VKTExportCore::Remember(Mtl* material, VKT::XBase& node)
 {
-    INode* parent = ParentOf(node);
-    return DecomposeTransform(NodeMatrix(node, ticks), parent ? NodeMatrix(parent, ticks) : RowMatrix(),
-                              CurrentScaleRules());
+    m_Materials.emplace(material, &node);
 }
 
-Vector3d VKTExportCore::GetVertexScale(INode* node, i32 ticks) const
+VKT::XBone* VKTExportCore::FindBone(INode* node) const
 {
-    return VertexScale(NodeMatrix(node, ticks), CurrentScaleRules());
+    return Find(m_Bones, node);
+}
+
+INode* VKTExportCore::FindNode(const VKT::XBone* bone) const
+{
+    return Find(m_NodesByBone, bone);
+}
+
+VKT::XBase* VKTExportCore::FindShape(Object* evaluated) const
+{
+    return Find(m_Shapes, evaluated);
+}
+
+VKT::XBase* VKTExportCore::FindMaterial(Mtl* material) const
+{
+    return Find(m_Materials, material);
 }
 
 RowMatrix VKTExportCore::GetBindMatrix(INode* node) const
 {
     if (!node)
         return {};
-    const auto bound = bindTransforms.find(node);
-    return bound == bindTransforms.end() ? NodeMatrix(node, 0) : bound->second;
+    const auto bound = m_BindMatrices.find(node);
+    return bound == m_BindMatrices.end() ? WorldMatrix(node, 0) : bound->second;
+}
+
+void VKTExportCore::SetBindMatrix(INode* node, const RowMatrix& world)
+{
+    m_BindMatrices.insert_or_assign(node, world);
 }
 
 }  // namespace VKTMax

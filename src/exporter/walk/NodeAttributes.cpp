@@ -1,16 +1,19 @@
-// What a node of the host carries beside transform and shape: extra attributes of its bone.
+#include "exporter/walk/NodeAttributes.h"
 
 #include "VKT/hierarchy/Bone.h"
-#include "VKT/node/Attribute.h"
 #include "exporter/options/ExportOptions.h"
-#include "exporter/walk/ExportCore.h"
+#include "exporter/walk/AttributeRows.h"
 #include "exporter/walk/PropertyText.h"
+#include "max/Node.h"
+#include "max/UserProperties.h"
 
 namespace VKTMax {
 
-using VKT::XBone;
-
 namespace {
+
+constexpr AttributeRow<HostNode> kNodeAttributes[] = {
+    {"wire_colour", &HostNode::wireColour},
+};
 
 void SetValue(VKT::XAttribute& attribute, INode* node, const UserProperty& property)
 {
@@ -33,28 +36,25 @@ void SetValue(VKT::XAttribute& attribute, INode* node, const UserProperty& prope
     }
 }
 
-}  // namespace
-
-void VKTExportCore::WriteWireColour(INode* node) const
-{
-    XBone* bone = FindBone(node);
-    VKT::XAttribute* attribute = bone ? bone->CreateExtraAttribute("wire_colour") : nullptr;
-    if (!attribute)
-        return;
-    const u32 colour = WireColourOf(node);
-    const auto channel = [colour](int shift) { return static_cast<f32>((colour >> shift & 0xFF) / 255.0); };
-    attribute->Set(VKT::XColour{channel(0), channel(8), channel(16), 1.0f});
-}
-
 // Of properties of one name the first counts; "wire_colour" is taken.
-void VKTExportCore::WriteUserProperties(INode* node) const
+void WriteUserProperties(VKT::XBone& bone, INode* node)
 {
-    XBone* bone = FindBone(node);
-    if (!bone || !GetExportOptions().GetIncludeProperties())
+    if (!GetExportOptions().GetIncludeProperties())
         return;
     for (const UserProperty& property : ParsePropertyText(UserPropertyText(node)))
-        if (VKT::XAttribute* attribute = bone->CreateExtraAttribute(property.name.c_str()))
+        if (VKT::XAttribute* attribute = bone.CreateExtraAttribute(property.name.c_str()))
             SetValue(*attribute, node, property);
+}
+
+}  // namespace
+
+void WriteNodeAttributes(const VKTExportCore& core, INode* node)
+{
+    VKT::XBone* bone = core.FindBone(node);
+    if (!bone)
+        return;
+    WriteAttributes<HostNode>(*bone, ReadNode(node), kNodeAttributes);
+    WriteUserProperties(*bone, node);
 }
 
 }  // namespace VKTMax

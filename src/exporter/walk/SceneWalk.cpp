@@ -1,85 +1,69 @@
-// Which nodes are exported, and in which order.
+#include "exporter/walk/SceneWalk.h"
 
 #include "exporter/geometry/MeshExport.h"
-#include "exporter/walk/ExportCore.h"
+#include "exporter/walk/BoneTree.h"
+#include "exporter/walk/NodeAttributes.h"
+#include "exporter/walk/TreeWalk.h"
+#include "max/HostClasses.h"
 
 namespace VKTMax {
 namespace {
 
-// Visits a node and, with `children`, all below it, depth first, children in order:
-// `enter` before the children of a node, `leave` after them. Ends with false at the
-// first visit that answers false.
-template <class Enter, class Leave>
-bool WalkTree(INode* root, bool children, Enter enter, Leave leave)
+// Sends the object of a node to where its shape is built. Of nodes that share an object,
+// the first alone gets its shape. Cameras, lights, helpers and materials are not exported
+// yet.
+bool ExportNodeContent(VKTExportCore& core, INode* node, const WalkScope& scope)
 {
-    struct Step {
-        INode* node;
-        int nextChild;
-    };
-    std::vector<Step> path{{root, 0}};
-    if (!enter(root))
-        return false;
-    while (!path.empty()) {
-        Step& step = path.back();
-        if (children && step.nextChild < NumChildrenOf(step.node)) {
-            INode* child = ChildOf(step.node, step.nextChild++);
-            if (!enter(child))
-                return false;
-            path.push_back({child, 0});
-        } else {
-            INode* left = step.node;
-            path.pop_back();
-            if (!leave(left))
-                return false;
-        }
-    }
+    if (!scope.shape)
+        return true;
+    const HostNode read = ReadNode(node);
+    if (!read.object || core.FindShape(read.object.handle))
+        return true;
+    if (read.object.superClass == kSuperGeometry)
+        ExportGeometry(core, read);
     return true;
+}
+
+// Without children the node alone is entered and left.
+template <class Enter, class Leave>
+bool Walk(INode* node, const WalkScope& scope, Enter enter, Leave leave)
+{
+    if (!scope.children)
+        return enter(node) && leave(node);
+    const auto visit = [&](INode* met) { return enter(met) ? Visit::Descend : Visit::Stop; };
+    return WalkTree(node, visit, leave);
 }
 
 }  // namespace
 
-bool VKTExportCore::ExportAllNodes(INode* node, const WalkScope& scope)
+bool ExportAllNodes(VKTExportCore& core, INode* node, const WalkScope& scope)
 {
-    const auto isWanted = [this](INode* met) { return !m_SelectedOnly || IsSelected(met); };
+    const auto isWanted = [&](INode* met) { return !core.IsSelectedOnly() || IsSelected(met); };
     const auto exportBones = [&](INode* met) {
         if (!isWanted(met))
             return true;
-        if (!CreateBoneTree(met, scope.children))
+        if (!CreateBoneTree(core, met, scope.children))
             return false;
-        WriteWireColour(met);
-        WriteUserProperties(met);
+        WriteNodeAttributes(core, met);
         return true;
     };
-    const auto exportShape = [&](INode* met) {
-        return !isWanted(met) || !scope.shape || ExportNodeContent(met, scope);
+    const auto exportContent = [&](INode* met) {
+        return !isWanted(met) || ExportNodeContent(core, met, scope);
     };
-    return WalkTree(node, scope.children, exportBones, exportShape);
+    return Walk(node, scope, exportBones, exportContent);
 }
 
-bool VKTExportCore::ExportSelectedNodes(INode* node, const WalkScope& scope)
+bool ExportSelectedNodes(VKTExportCore& core, INode* node, const WalkScope& scope)
 {
     const auto exportNode = [&](INode* met) {
-        if (!CreateSelectedBone(met))
+        if (!CreateSelectedBone(core, met))
             return false;
         if (!IsSelected(met))
             return true;
-        WriteWireColour(met);
-        WriteUserProperties(met);
-        return !scope.shape || ExportNodeContent(met, scope);
+        WriteNodeAttributes(core, met);
+        return ExportNodeContent(core, met, scope);
     };
-    return WalkTree(node, scope.children, exportNode, [](INode*) { return true; });
-}
-
-// Of nodes that share an object, the first alone gets its shape. Cameras, lights, helpers
-// and materials are not exported yet.
-bool VKTExportCore::ExportNodeContent(INode* node, const WalkScope&)
-{
-    Object* object = EvaluatedObject(node, 0);
-    if (!object || shapes.contains(object))
-        return true;
-    if (SuperClassOf(object) == kSuperGeometry)
-        ExportGeometry(*this, node, object);
-    return true;
+    return Walk(node, scope, exportNode, [](INode*) { return true; });
 }
 
 }  // namespace VKTMax

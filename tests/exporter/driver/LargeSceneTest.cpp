@@ -2,6 +2,7 @@
 // constant part of the stack. A quadratic walk would not come back within the time that
 // tests are given.
 
+#include "exporter/walk/BoneTree.h"
 #include "scenes/ExportScenes.h"
 
 namespace VKTMax {
@@ -89,7 +90,7 @@ TEST_F(LargeSceneTest, BonesMadeOneByOneFromTheBottom)
     BuildChain();
     VKTExportCore core(model, false);
     for (auto node = nodes.rbegin(); node != nodes.rend(); ++node)
-        ASSERT_TRUE(core.CreateBoneTree(*node, false));
+        ASSERT_TRUE(CreateBoneTree(core, *node, false));
     EXPECT_EQ(ChildNamesOf(BoneOf("n0")), std::vector<std::string>{"n1"});
 }
 
@@ -98,7 +99,7 @@ TEST_F(LargeSceneTest, BonesMadeOneByOneFromTheTop)
     BuildChain();
     VKTExportCore core(model, false);
     for (INode* node : nodes)
-        ASSERT_TRUE(core.CreateBoneTree(node, false));
+        ASSERT_TRUE(CreateBoneTree(core, node, false));
     EXPECT_EQ(ChildNamesOf(BoneOf("n0")), std::vector<std::string>{"n1"});
 }
 

@@ -2,6 +2,7 @@
 
 #include <modstack.h>
 
+#include "exporter/walk/SceneWalk.h"
 #include "scenes/ExportScenes.h"
 
 namespace VKTMax {
@@ -10,17 +11,6 @@ namespace {
 using namespace export_scenes;
 using maxhost::MakeNode;
 using Names = std::vector<std::string>;
-
-// A modifier that changes nothing and only stands for its class.
-class NamedModifier final : public Modifier {
-public:
-    explicit NamedModifier(Class_ID type) : m_Type(type) {}
-    Class_ID ClassID() override { return m_Type; }
-    void ModifyObject(TimeValue, ModContext&, ObjectState*, INode*) override {}
-
-private:
-    Class_ID m_Type;
-};
 
 const Class_ID kSkinClass(0x95C723, 0x15666);
 const Class_ID kPhysiqueClass(0x100, 0);
@@ -191,7 +181,7 @@ TEST_F(MeshExportTest, OldMeshFormatIsRefusedWithAWarning)
     MakeNode("a", MakeTriangle());
     options.SetUseXMesh(true);
     VKTExportCore core(model, false);
-    ASSERT_TRUE(core.ExportAllNodes(Root(), {}));
+    ASSERT_TRUE(ExportAllNodes(core, Root(), {}));
     EXPECT_EQ(MeshOf("a"), nullptr);
     EXPECT_EQ(log.messages.back(),
               "Warning : The mesh of \"a\" is left out: the old mesh format is not exported yet");
@@ -368,10 +358,10 @@ TEST_F(MeshExportTest, ShapeIsKnownByTheEvaluatedObject)
     INode* node = MakeNode("a", MakeTriangle());
     AddModifier(node, new NamedModifier(kSkinClass));
     VKTExportCore core(model, false);
-    ASSERT_TRUE(core.ExportAllNodes(Root(), {}));
-    ASSERT_EQ(core.shapes.size(), 1u);
-    EXPECT_EQ(core.shapes.begin()->first, node->EvalWorldState(0).obj);
-    EXPECT_EQ(core.shapes.begin()->second, model.FindNode("aShape"));
+    ASSERT_TRUE(ExportAllNodes(core, Root(), {}));
+    ASSERT_NE(model.FindNode("aShape"), nullptr);
+    EXPECT_EQ(core.FindShape(node->EvalWorldState(0).obj), model.FindNode("aShape"));
+    EXPECT_EQ(core.FindShape(node->GetObjectRef()), nullptr);
 }
 
 // Chained derived objects: the lowest that holds a deforming modifier wins.
@@ -383,7 +373,7 @@ TEST_F(MeshExportTest, LowestDeformingModifierOfChainedStacksWins)
     IDerivedObject* upper = CreateDerivedObject(lower);
     upper->AddModifier(maxhost::SceneObjects::Adopt(new NamedModifier(kSkinClass)));
     INode* node = MakeNode("a", upper);
-    EXPECT_EQ(FindUndeformedObject(node, node->EvalWorldState(0).obj), base);
+    EXPECT_EQ(FindUndeformedObject(ReadNode(node)).handle, base);
 }
 
 TEST_F(MeshExportTest, OnlyTheUpperStackDeforming)
@@ -394,7 +384,7 @@ TEST_F(MeshExportTest, OnlyTheUpperStackDeforming)
     IDerivedObject* upper = CreateDerivedObject(lower);
     upper->AddModifier(maxhost::SceneObjects::Adopt(new NamedModifier(kSkinClass)));
     INode* node = MakeNode("a", upper);
-    EXPECT_EQ(FindUndeformedObject(node, node->EvalWorldState(0).obj), lower);
+    EXPECT_EQ(FindUndeformedObject(ReadNode(node)).handle, lower);
 }
 
 }  // namespace

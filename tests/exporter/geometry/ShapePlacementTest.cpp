@@ -1,4 +1,7 @@
+#include "exporter/geometry/ShapePlacement.h"
+
 #include "VKT/shading/Lambert.h"
+#include "exporter/walk/SceneWalk.h"
 #include "scenes/ExportScenes.h"
 
 namespace VKTMax {
@@ -30,7 +33,7 @@ protected:
     VKT::u32 Exported(Mtl* material)
     {
         VKT::XBase* node = model.CreateNode<VKT::XLambert>();
-        core.materials[material] = node;
+        core.Remember(material, *node);
         return node->GetID();
     }
     // The instance of the mesh on a node of that object and material.
@@ -38,7 +41,7 @@ protected:
     {
         INode* node = MakeNode("a", object);
         node->SetMtl(material);
-        EXPECT_TRUE(core.ExportAllNodes(Root(), {}));
+        EXPECT_TRUE(ExportAllNodes(core, Root(), {}));
         VKT::XInstanceList instances;
         EXPECT_TRUE(BoneOf("a")->ListInstances(instances));
         return *instances.front();
@@ -111,9 +114,7 @@ TEST_F(ShapePlacementTest, OnlyBucketWithoutAnExportedMaterialAssignsNone)
 
 TEST_F(ShapePlacementTest, BucketWithoutAnExportedMaterialLeavesTheLastGroupEmpty)
 {
-    Exported(red);
     const VKT::u32 blueId = Exported(blue);
-    core.materials.erase(red);
     const VKT::XInstance& instance =
         Place(MakeFaces({0, 2}), maxhost::MakeMultiMaterial("multi", {red, nullptr, blue}));
     const auto& groups = instance.GetMaterialGroups();

@@ -1,6 +1,9 @@
+#include "exporter/walk/BoneTree.h"
+
 #include <cmath>
 
 #include "VKT/hierarchy/Joint.h"
+#include "exporter/walk/SceneWalk.h"
 #include "scenes/ExportScenes.h"
 
 namespace VKTMax {
@@ -28,7 +31,7 @@ TEST_F(BoneTreeTest, NodesBecomeBonesInTheHostsTree)
     MakeNode("b");
     MakeNode("a1", nullptr, a);
     MakeNode("a2", nullptr, a);
-    ASSERT_TRUE(core.CreateBoneTree(Root(), true));
+    ASSERT_TRUE(CreateBoneTree(core, Root(), true));
     EXPECT_EQ(ChildNamesOf(BoneOf("Scene_Root")), (Names{"a", "b"}));
     EXPECT_EQ(ChildNamesOf(BoneOf("a")), (Names{"a1", "a2"}));
     EXPECT_EQ(BoneOf("a2")->GetParent(), BoneOf("a"));
@@ -40,7 +43,7 @@ TEST_F(BoneTreeTest, BonesAreMadeParentFirst)
     INode* a = MakeNode("a");
     MakeNode("a1", nullptr, a);
     MakeNode("b");
-    ASSERT_TRUE(core.CreateBoneTree(Root(), true));
+    ASSERT_TRUE(CreateBoneTree(core, Root(), true));
     EXPECT_EQ(BoneOf("Scene_Root")->GetID(), 1u);
     EXPECT_EQ(BoneOf("a")->GetID(), 2u);
     EXPECT_EQ(BoneOf("a1")->GetID(), 3u);
@@ -52,7 +55,7 @@ TEST_F(BoneTreeTest, SecondHangingOfEachChildIsRefusedInTheLog)
     INode* a = MakeNode("a");
     MakeNode("a1", nullptr, a);
     MakeNode("b");
-    ASSERT_TRUE(core.CreateBoneTree(Root(), true));
+    ASSERT_TRUE(CreateBoneTree(core, Root(), true));
     EXPECT_EQ(log.messages,
               (Names{Refused("a1", "a"), Refused("a", "Scene_Root"), Refused("b", "Scene_Root")}));
 }
@@ -62,8 +65,8 @@ TEST_F(BoneTreeTest, ShallowBuildTakesKnownChildrenAndLogsNothing)
     INode* a = MakeNode("a");
     INode* a1 = MakeNode("a1", nullptr, a);
     MakeNode("a2", nullptr, a);
-    ASSERT_TRUE(core.CreateBoneTree(a1, false));
-    ASSERT_TRUE(core.CreateBoneTree(a, false));
+    ASSERT_TRUE(CreateBoneTree(core, a1, false));
+    ASSERT_TRUE(CreateBoneTree(core, a, false));
     EXPECT_EQ(ChildNamesOf(BoneOf("a")), (Names{"a1"}));
     EXPECT_EQ(BoneOf("a")->GetParent(), nullptr);
     EXPECT_TRUE(log.messages.empty());
@@ -73,8 +76,8 @@ TEST_F(BoneTreeTest, ShallowBuildHangsUnderAKnownParent)
 {
     INode* a = MakeNode("a");
     INode* a1 = MakeNode("a1", nullptr, a);
-    ASSERT_TRUE(core.CreateBoneTree(a, false));
-    ASSERT_TRUE(core.CreateBoneTree(a1, false));
+    ASSERT_TRUE(CreateBoneTree(core, a, false));
+    ASSERT_TRUE(CreateBoneTree(core, a1, false));
     EXPECT_EQ(ChildNamesOf(BoneOf("a")), (Names{"a1"}));
     EXPECT_TRUE(log.messages.empty());
 }
@@ -82,9 +85,9 @@ TEST_F(BoneTreeTest, ShallowBuildHangsUnderAKnownParent)
 TEST_F(BoneTreeTest, KnownNodeIsLeftAlone)
 {
     INode* a = MakeNode("a");
-    ASSERT_TRUE(core.CreateBoneTree(a, false));
+    ASSERT_TRUE(CreateBoneTree(core, a, false));
     BoneOf("a")->SetTranslate({1, 2, 3, 0});
-    ASSERT_TRUE(core.CreateBoneTree(a, true));
+    ASSERT_TRUE(CreateBoneTree(core, a, true));
     EXPECT_EQ(BoneOf("a")->GetTranslate(false), (VKT::XVector3{1, 2, 3, 0}));
     EXPECT_EQ(core.GetNodes().size(), 1u);
 }
@@ -94,8 +97,8 @@ TEST_F(BoneTreeTest, RecursiveBuildTakesAKnownChildAsItIs)
     INode* a = MakeNode("a");
     INode* a1 = MakeNode("a1", nullptr, a);
     MakeNode("a11", nullptr, a1);
-    ASSERT_TRUE(core.CreateBoneTree(a1, false));
-    ASSERT_TRUE(core.CreateBoneTree(a, true));
+    ASSERT_TRUE(CreateBoneTree(core, a1, false));
+    ASSERT_TRUE(CreateBoneTree(core, a, true));
     EXPECT_EQ(ChildNamesOf(BoneOf("a")), (Names{"a1"}));
     EXPECT_EQ(model.FindNode("a11"), nullptr);
     EXPECT_TRUE(log.messages.empty());
@@ -107,7 +110,7 @@ TEST_F(BoneTreeTest, BipedPartsBoneObjectsAndMarkedNodesAreJoints)
     MakeNode("object", MakeOddMesh(Class_ID(0x28BF6E8D, 0x2ECCA840)));
     MakeNode("marked", MakeTriangle())->SetBoneNodeOnOff(TRUE, 0);
     MakeNode("plain", MakeTriangle());
-    ASSERT_TRUE(core.CreateBoneTree(Root(), true));
+    ASSERT_TRUE(CreateBoneTree(core, Root(), true));
     EXPECT_EQ(BoneOf("biped")->GetApiType(), 87u);
     EXPECT_EQ(BoneOf("object")->GetApiType(), 87u);
     EXPECT_EQ(BoneOf("marked")->GetApiType(), 87u);
@@ -117,7 +120,7 @@ TEST_F(BoneTreeTest, BipedPartsBoneObjectsAndMarkedNodesAreJoints)
 TEST_F(BoneTreeTest, NodeWithoutAnObjectIsABoneThoughMarked)
 {
     MakeNode("empty")->SetBoneNodeOnOff(TRUE, 0);
-    ASSERT_TRUE(core.CreateBoneTree(Root(), true));
+    ASSERT_TRUE(CreateBoneTree(core, Root(), true));
     EXPECT_EQ(BoneOf("empty")->GetApiType(), 86u);
     EXPECT_EQ(BoneOf("Scene_Root")->GetApiType(), 86u);
 }
@@ -132,7 +135,7 @@ TEST_F(BoneTreeTest, PoseIsLocalAndBothCurrentAndBind)
     maxhost::SetPosition(*a1, Point3(1, 2, 3));
     maxhost::SetScale(*a1, Point3(2, 3, 4));
     maxhost::SetRotation(*a1, Point3(0.0f, 0.0f, 1.57079633f));
-    ASSERT_TRUE(core.CreateBoneTree(Root(), true));
+    ASSERT_TRUE(CreateBoneTree(core, Root(), true));
     for (const bool bind : {false, true}) {
         const VKT::XBone& bone = *BoneOf("a1");
         EXPECT_FLOAT_EQ(bone.GetTranslate(bind).x, 10.0f);
@@ -151,7 +154,7 @@ TEST_F(BoneTreeTest, HiddenAndFadedNodesAreInvisible)
     MakeNode("shown")->SetVisibility(0, 0.5f);
     MakeNode("faded")->SetVisibility(0, 0.49f);
     MakeNode("hidden")->Hide(TRUE);
-    ASSERT_TRUE(core.CreateBoneTree(Root(), true));
+    ASSERT_TRUE(CreateBoneTree(core, Root(), true));
     EXPECT_TRUE(BoneOf("shown")->IsVisible());
     EXPECT_FALSE(BoneOf("faded")->IsVisible());
     EXPECT_FALSE(BoneOf("hidden")->IsVisible());
@@ -161,7 +164,7 @@ TEST_F(BoneTreeTest, EqualNamesAreMadeDifferent)
 {
     INode* first = MakeNode("twin");
     INode* second = MakeNode("twin");
-    ASSERT_TRUE(core.CreateBoneTree(Root(), true));
+    ASSERT_TRUE(CreateBoneTree(core, Root(), true));
     EXPECT_STREQ(core.FindBone(first)->GetName(), "twin");
     EXPECT_STRNE(core.FindBone(second)->GetName(), "twin");
 }
@@ -170,7 +173,7 @@ TEST_F(BoneTreeTest, NodesAndBonesFindEachOther)
 {
     INode* a = MakeNode("a");
     INode* b = MakeNode("b");
-    ASSERT_TRUE(core.CreateBoneTree(a, false));
+    ASSERT_TRUE(CreateBoneTree(core, a, false));
     EXPECT_EQ(core.FindBone(a), BoneOf("a"));
     EXPECT_EQ(core.FindNode(BoneOf("a")), a);
     EXPECT_EQ(core.FindBone(b), nullptr);
@@ -183,10 +186,10 @@ TEST_F(BoneTreeTest, WithoutARegistryTheWalkEndsWithFalse)
 {
     MakeNode("a", MakeTriangle());
     VKT::XFnShutdown();
-    EXPECT_FALSE(core.CreateBoneTree(Root(), true));
-    EXPECT_FALSE(core.ExportAllNodes(Root(), {}));
+    EXPECT_FALSE(CreateBoneTree(core, Root(), true));
+    EXPECT_FALSE(ExportAllNodes(core, Root(), {}));
     host.GetInterface().SelectNode(host.GetInterface().GetINodeByName("a"));
-    EXPECT_FALSE(core.ExportSelectedNodes(Root(), {}));
+    EXPECT_FALSE(ExportSelectedNodes(core, Root(), {}));
     EXPECT_TRUE(core.GetNodes().empty());
 }
 

@@ -1,4 +1,7 @@
+#include "exporter/walk/NodeAttributes.h"
+
 #include "VKT/node/Attribute.h"
+#include "exporter/walk/SceneWalk.h"
 #include "scenes/ExportScenes.h"
 
 namespace VKTMax {
@@ -106,7 +109,7 @@ TEST_F(NodeAttributesTest, BoneThatTheWalkPassesOverHasNone)
     below->SetUserPropBuffer("size = 2\n");
     host.GetInterface().SelectNode(node, 0);
     VKTExportCore core(model, true);
-    ASSERT_TRUE(core.ExportAllNodes(Root(), {}));
+    ASSERT_TRUE(ExportAllNodes(core, Root(), {}));
     EXPECT_EQ(AttributesOf("a"), (Names{"wire_colour", "size"}));
     EXPECT_EQ(AttributesOf("below"), Names{});
 }

@@ -1,3 +1,7 @@
+#include "exporter/walk/SceneWalk.h"
+
+#include "exporter/walk/BindPose.h"
+#include "exporter/walk/Pose.h"
 #include "scenes/ExportScenes.h"
 
 namespace VKTMax {
@@ -61,7 +65,7 @@ TEST_F(SceneWalkTest, NodeAloneTakesNothingBelowIt)
     INode* a = MakeNode("a", MakeTriangle());
     MakeNode("a1", MakeTriangle(), a);
     VKTExportCore core(model, false);
-    ASSERT_TRUE(core.ExportAllNodes(a, {.children = false}));
+    ASSERT_TRUE(ExportAllNodes(core, a, {.children = false}));
     EXPECT_EQ(RootNames(), (Names{"a"}));
     EXPECT_EQ(ShapeNames(), (Names{"aShape"}));
     EXPECT_EQ(model.GetNodes().size(), 2u);
@@ -71,7 +75,7 @@ TEST_F(SceneWalkTest, BonesAloneWithoutShapes)
 {
     MakeNode("a", MakeTriangle());
     VKTExportCore core(model, false);
-    ASSERT_TRUE(core.ExportAllNodes(Root(), {.shape = false}));
+    ASSERT_TRUE(ExportAllNodes(core, Root(), {.shape = false}));
     EXPECT_EQ(ShapeNames(), Names{});
     EXPECT_NE(BoneOf("a"), nullptr);
 }
@@ -84,7 +88,7 @@ TEST_F(SceneWalkTest, CoreOfASelectionPassesOverTheRest)
     MakeNode("b", MakeTriangle());
     Select(a1);
     VKTExportCore core(model, true);
-    ASSERT_TRUE(core.ExportAllNodes(Root(), {}));
+    ASSERT_TRUE(ExportAllNodes(core, Root(), {}));
     // The tree below a selected node is built whole, its shapes are not.
     EXPECT_EQ(RootNames(), (Names{"a1"}));
     EXPECT_EQ(ChildNamesOf(BoneOf("a1")), (Names{"a11"}));
@@ -145,12 +149,12 @@ TEST_F(SceneWalkTest, SelectedBonesKeepTheirControllersUntilThePoseIsFixed)
     options.SetScaleFactor(2.0f);
     Select(a);
     VKTExportCore core(model, true);
-    ASSERT_TRUE(core.ExportSelectedNodes(Root(), {}));
+    ASSERT_TRUE(ExportSelectedNodes(core, Root(), {}));
     EXPECT_EQ(BoneOf("a")->GetTranslate(true), (VKT::XVector3{3, 0, 0, 0}));
-    core.RebuildBindPoseFromCurrent();
+    RebuildBindPoseFromCurrent(core);
     EXPECT_EQ(BoneOf("a")->GetTranslate(true), (VKT::XVector3{3, 0, 0, 0}));
     EXPECT_EQ(BoneOf("a")->GetWorld(false)[12], 3.0f);
-    core.ApplyBindPose();
+    ApplyBindPose(core);
     EXPECT_EQ(BoneOf("a")->GetTranslate(true), (VKT::XVector3{6, 0, 0, 0}));
 }
 
@@ -189,11 +193,11 @@ TEST_F(BindPoseTest, BoneOfABoundNodeTakesItsBindMatrix)
     INode* a1 = MakeNode("a1", nullptr, a);
     maxhost::SetPosition(*a1, Point3(1, 0, 0));
     VKTExportCore core(model, false);
-    ASSERT_TRUE(core.ExportAllNodes(Root(), {}));
+    ASSERT_TRUE(ExportAllNodes(core, Root(), {}));
     RowMatrix bound;
     bound.m[3][1] = 5.0;
-    core.bindTransforms[a] = bound;
-    core.ApplyBindPose();
+    core.SetBindMatrix(a, bound);
+    ApplyBindPose(core);
     EXPECT_EQ(BoneOf("a")->GetTranslate(true), (VKT::XVector3{0, 5, 0, 0}));
     // Relative to where its parent was bound, though itself it stands at time 0.
     EXPECT_EQ(BoneOf("a1")->GetTranslate(true), (VKT::XVector3{1, -5, 0, 0}));
@@ -205,11 +209,11 @@ TEST_F(BindPoseTest, BoneWithoutANodeCountsAsUnmoved)
     INode* a = MakeNode("a");
     maxhost::SetPosition(*a, Point3(1, 2, 3));
     VKTExportCore core(model, false);
-    ASSERT_TRUE(core.ExportAllNodes(Root(), {}));
+    ASSERT_TRUE(ExportAllNodes(core, Root(), {}));
     VKT::XBone* extra = model.CreateNode<VKT::XBone>();
     extra->SetTranslate({9, 9, 9, 0});
     ASSERT_TRUE(BoneOf("a")->AddChild(extra));
-    core.ApplyBindPose();
+    ApplyBindPose(core);
     EXPECT_EQ(extra->GetTranslate(true), (VKT::XVector3{-1, -2, -3, 0}));
 }
 
@@ -227,9 +231,8 @@ TEST_F(BindPoseTest, LocalTransformIsReadAtTheTimeAskedFor)
     INode* a = MakeNode("a");
     maxhost::AddKey(*a, maxhost::Track::PositionX, 0, 0.0f);
     maxhost::AddKey(*a, maxhost::Track::PositionX, 4800, 10.0f);
-    const VKTExportCore core(model, false);
-    EXPECT_FLOAT_EQ(core.GetLocalTransform(a, 0).translation.x, 0.0f);
-    EXPECT_FLOAT_EQ(core.GetLocalTransform(a, 2400).translation.x, 5.0f);
+    EXPECT_FLOAT_EQ(LocalTransform(a, 0).translation.x, 0.0f);
+    EXPECT_FLOAT_EQ(LocalTransform(a, 2400).translation.x, 5.0f);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
-#include "max/HostMesh.h"
+#include "max/TriangleMesh.h"
 
-#include <max.h>
+#include "max/ClassId.h"
 
 namespace VKTMax {
 namespace {
@@ -9,14 +9,9 @@ using VKT::XIntList;
 using VKT::XVector3Array;
 
 // Objects that never become meshes, although they could be converted.
-constexpr HostClass kNeverMeshes[] = {{0x1030, 0}, {0x40, 0}};
-
-bool IsNeverMesh(Object* object)
+bool IsNeverMesh(Object& object)
 {
-    for (HostClass type : kNeverMeshes)
-        if (IsSubClassOf(object, type))
-            return true;
-    return false;
+    return IsSubClassOf(object, kPatchObject) || IsSubClassOf(object, kObject40);
 }
 
 TriObject* ConvertToTriangles(Object* object)
@@ -48,42 +43,43 @@ XIntList ToCorners(const TVFace* faces, int count)
 
 }  // namespace
 
-void HostMesh::DeleteObject::operator()(Object* object) const
+void TriangleMesh::DeleteObject::operator()(Object* object) const
 {
     object->DeleteMe();
 }
 
-HostMesh HostMesh::Of(Object* source, Object* evaluated)
+TriangleMesh TriangleMesh::Of(const HostObject& source, const HostObject& evaluated)
 {
-    HostMesh out;
-    if (IsSubClassOf(source, kTriObject)) {
-        out.m_Mesh = &static_cast<TriObject*>(source)->mesh;
-    } else if (IsSubClassOf(source, kPolyObject)) {
-        if (TriObject* converted = ConvertToTriangles(source)) {
+    TriangleMesh out;
+    Object* object = source.handle;
+    if (IsSubClassOf(*object, kTriObject)) {
+        out.m_Mesh = &static_cast<TriObject*>(object)->mesh;
+    } else if (IsSubClassOf(*object, kPolyObject)) {
+        if (TriObject* converted = ConvertToTriangles(object)) {
             out.m_Mesh = &converted->mesh;
-            if (converted != evaluated)
+            if (converted != evaluated.handle)
                 out.m_Converted.reset(converted);
         }
-    } else if (!IsNeverMesh(source) && source->CanConvertToType(triObjectClassID)) {
+    } else if (!IsNeverMesh(*object) && object->CanConvertToType(triObjectClassID)) {
         // Kept on purpose: what is made here is left to the host, which frees it when the
         // scene closes.
-        if (TriObject* converted = ConvertToTriangles(source))
+        if (TriObject* converted = ConvertToTriangles(object))
             out.m_Mesh = &converted->mesh;
     }
     return out;
 }
 
-u32 HostMesh::GetNumFaces() const
+u32 TriangleMesh::GetNumFaces() const
 {
     return static_cast<u32>(m_Mesh->numFaces);
 }
 
-XVector3Array HostMesh::GetPoints() const
+XVector3Array TriangleMesh::GetPoints() const
 {
     return ToVectors(m_Mesh->verts, m_Mesh->numVerts);
 }
 
-VKT::XU32Array HostMesh::GetCorners() const
+VKT::XU32Array TriangleMesh::GetCorners() const
 {
     VKT::XU32Array out;
     out.reserve(3 * static_cast<std::size_t>(m_Mesh->numFaces));
@@ -93,7 +89,7 @@ VKT::XU32Array HostMesh::GetCorners() const
     return out;
 }
 
-VKT::XIndexList HostMesh::GetFaceMaterials() const
+VKT::XIndexList TriangleMesh::GetFaceMaterials() const
 {
     VKT::XIndexList out;
     out.reserve(static_cast<std::size_t>(m_Mesh->numFaces));
@@ -102,27 +98,27 @@ VKT::XIndexList HostMesh::GetFaceMaterials() const
     return out;
 }
 
-bool HostMesh::HasChannel(int channel) const
+bool TriangleMesh::HasChannel(int channel) const
 {
     return m_Mesh->mapSupport(channel) != 0;
 }
 
-XVector3Array HostMesh::GetChannelValues(int channel) const
+XVector3Array TriangleMesh::GetChannelValues(int channel) const
 {
     return ToVectors(m_Mesh->mapVerts(channel), m_Mesh->getNumMapVerts(channel));
 }
 
-XIntList HostMesh::GetChannelCorners(int channel) const
+XIntList TriangleMesh::GetChannelCorners(int channel) const
 {
     return ToCorners(m_Mesh->mapFaces(channel), m_Mesh->numFaces);
 }
 
-XVector3Array HostMesh::GetColours() const
+XVector3Array TriangleMesh::GetColours() const
 {
     return ToVectors(m_Mesh->vertCol, m_Mesh->numCVerts);
 }
 
-XIntList HostMesh::GetColourCorners() const
+XIntList TriangleMesh::GetColourCorners() const
 {
     return ToCorners(m_Mesh->vcFace, m_Mesh->numFaces);
 }

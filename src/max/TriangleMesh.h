@@ -3,19 +3,19 @@
 #include <memory>
 
 #include "VKT/base/Lists.h"
-#include "max/HostAccess.h"
+#include "max/HostObject.h"
 
 class Mesh;
 
 namespace VKTMax {
 
 // A triangle mesh of the host, and the converted object that it may have come from.
-class HostMesh {
+class TriangleMesh {
 public:
     // The mesh of `source`, converted when it is no triangle mesh itself. `evaluated` is
     // the object at the end of the node's stack, which the host keeps. Answers an empty
-    // object when there is no mesh to be had.
-    static HostMesh Of(Object* source, Object* evaluated);
+    // mesh when there is none to be had. Neither may be empty.
+    static TriangleMesh Of(const HostObject& source, const HostObject& evaluated);
 
     explicit operator bool() const { return m_Mesh != nullptr; }
 

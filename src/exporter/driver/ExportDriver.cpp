@@ -1,14 +1,16 @@
-#include "exporter/driver/MaxExporter.h"
+#include "exporter/driver/ExportDriver.h"
 
 #include <cstdio>
 #include <filesystem>
-#include <string>
 
+#include "VKT/document/Model.h"
 #include "VKT/node/FnRegistry.h"
 #include "exporter/options/ExportConfig.h"
 #include "exporter/options/ExportOptions.h"
 #include "exporter/options/OptionsDialog.h"
-#include "exporter/walk/ExportCore.h"
+#include "exporter/walk/BindPose.h"
+#include "exporter/walk/SceneWalk.h"
+#include "max/Application.h"
 #include "max/NativePath.h"
 
 namespace VKTMax {
@@ -21,24 +23,24 @@ void DeleteFileOf(const std::string& path)
         std::remove(path.c_str());
 }
 
-void WalkScene(VKTExportCore& core, INode* root, bool selectedOnly)
+void WalkScene(VKTExportCore& core, INode* root)
 {
     const ExportOptions& store = GetExportOptions();
     const WalkScope scope{.modifiers = store.GetIncludeModifiers(),
                           .materials = store.GetIncludeMaterials(),
                           .textures = store.GetIncludeTextures()};
-    if (selectedOnly)
-        core.ExportSelectedNodes(root, scope);
+    if (core.IsSelectedOnly())
+        ExportSelectedNodes(core, root, scope);
     else
-        core.ExportAllNodes(root, scope);
+        ExportAllNodes(core, root, scope);
 }
 
 void FixPose(VKTExportCore& core)
 {
     if (GetExportOptions().GetUseCurrentPoseAsBindpose())
-        core.RebuildBindPoseFromCurrent();
+        RebuildBindPoseFromCurrent(core);
     else
-        core.ApplyBindPose();
+        ApplyBindPose(core);
 }
 
 void Save(VKT::XModel& model, const std::string& path)
@@ -52,27 +54,25 @@ void Save(VKT::XModel& model, const std::string& path)
 
 }  // namespace
 
-int VKTMaxExporter::DoExport(const MCHAR* name, ExpInterface*, Interface* i, BOOL suppressPrompts,
-                             DWORD options)
+bool RunExport(Interface* application, const ExportRequest& request)
 {
-    if (!suppressPrompts && ShowExportOptions(ActiveWindow()) == kDialogCancelled)
-        return IMPEXP_SUCCESS;
-    const std::string path = NativePath(name);
+    if (!request.suppressPrompts && ShowExportOptions(ActiveWindow()) == kDialogCancelled)
+        return true;
+    const std::string path = NativePath(request.path);
     DeleteFileOf(path);
     // Registering anew keeps whatever logger is in use.
     if (!VKT::XRegisterTypes(VKT::GetLogger()))
-        return IMPEXP_FAIL;
+        return false;
 
     VKT::XModel model;
-    const bool selectedOnly = (options & SCENE_EXPORT_SELECTED) != 0;
-    VKTExportCore core(model, selectedOnly);
-    WalkScene(core, RootNodeOf(i), selectedOnly);
+    VKTExportCore core(model, request.selectedOnly);
+    WalkScene(core, RootNodeOf(application));
     FixPose(core);
     // Animation is not exported yet, whatever `IncludeAnimation` says.
     Save(model, path);
     WriteExportConfig(ExportConfigPath());
     VKT::XFnShutdown();
-    return IMPEXP_SUCCESS;
+    return true;
 }
 
 }  // namespace VKTMax
