@@ -1,0 +1,112 @@
+#include "layers/Layers.h"
+
+#include <gmock/gmock.h>
+
+using namespace layers;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+// The tables. A new folder gets a row; a folder of the project whose layers are to be held gets
+// a table and a test of its own below.
+
+const std::vector<Room> kSceneRooms = {
+    {"src/VKT/base", {}},
+    {"src/VKT/stream", {"src/VKT/base"}},
+    {"src/VKT/node", {"src/VKT/stream"}},
+    {"src/VKT/document", {"src/VKT/node"}},
+    {"src/VKT/hierarchy", {"src/VKT/document"}},
+    {"src/VKT/shading", {"src/VKT/hierarchy"}},
+    {"src/VKT/geometry", {"src/VKT/hierarchy"}},
+    {"src/VKT/animation", {"src/VKT/hierarchy"}},
+    {"src/VKT/rigging", {"src/VKT/hierarchy"}},
+    {"src/VKT/lights", {"src/VKT/shading", "src/VKT/geometry", "src/VKT/animation", "src/VKT/rigging"}},
+    {"src/VKT/deformers", {"src/VKT/shading", "src/VKT/geometry", "src/VKT/animation", "src/VKT/rigging"}},
+    {"src/VKT/dynamics", {"src/VKT/shading", "src/VKT/geometry", "src/VKT/animation", "src/VKT/rigging"}},
+    {"src/VKT/registry", {"src/VKT/lights", "src/VKT/deformers", "src/VKT/dynamics"}},
+    {"src/utils", {"src/VKT/registry"}},
+};
+
+const std::vector<Exception> kSceneExceptions = {
+    {"src/VKT/node", "src/VKT/document/Model.h", "a node asks its document for others"},
+    {"src/VKT/node", "src/VKT/document/InheritedNode.h", "names the chunk of what users define"},
+    {"src/VKT/document", "src/VKT/hierarchy/Bone.h", "owns the instances and knows who lists a bone"},
+    {"src/VKT/document", "src/VKT/hierarchy/BoneWalk.h", "a load ends with the matrices of all bones"},
+    {"src/VKT/document", "src/VKT/hierarchy/Shape.h", "owns the instances, which tie bones to shapes"},
+    {"src/VKT/document", "src/VKT/animation/AnimCycle.h", "cycles are the document's own"},
+    {"src/VKT/document", "src/VKT/shading/ShadingNode.h", "counts what feeds the inputs of shaders"},
+    {"src/VKT/node", "src/VKT/registry/UserNode.h", "names the chunk of what users define"},
+    {"src/VKT/document", "src/VKT/registry/UserNode.h", "makes the instances of what users define"},
+    {"src/VKT/document", "src/VKT/geometry/Mesh.h", "asks whether a text file can hold it"},
+    {"src/VKT/document", "src/VKT/geometry/PolygonMesh.h", "asks whether a text file can hold it"},
+    {"src/VKT/hierarchy", "src/VKT/shading/Material.h", "a shape asks who else uses its material"},
+};
+
+Files SceneFiles()
+{
+    return ReadFiles(VKT_SOURCE_ROOT, {"src/VKT", "src/utils"});
+}
+
+TEST(Layers, RoomsOfTheSceneLibraryKnowThoseBelowAlone)
+{
+    EXPECT_THAT(Check(SceneFiles(), kSceneRooms, kSceneExceptions), IsEmpty());
+}
+
+// The checks themselves, on what is planted.
+
+TEST(LayersCheck, FindsAnIncludeThatPointsUp)
+{
+    Files files = SceneFiles();
+    files["src/VKT/base/Vector.h"] += "#include \"VKT/shading/Material.h\"\n";
+    files["src/VKT/shading/Blinn.cpp"] += "#include \"VKT/lights/Light.h\"\n";
+    files["src/VKT/node/Attribute.h"] += "#include \"VKT/document/Model.h\"\n";
+    files["src/VKT/rigging/IkChain.h"] += "#include \"VKT/animation/AnimCurve.h\"\n";
+    files["src/VKT/registry/UserNode.cpp"] += "#include \"utils/SkinPruner.h\"\n";
+    EXPECT_THAT(Check(files, kSceneRooms, kSceneExceptions),
+                ElementsAre("src/VKT/base/Vector.h includes src/VKT/shading/Material.h",
+                            "src/VKT/node/Attribute.h includes src/VKT/document/Model.h",
+                            "src/VKT/registry/UserNode.cpp includes src/utils/SkinPruner.h",
+                            "src/VKT/rigging/IkChain.h includes src/VKT/animation/AnimCurve.h",
+                            "src/VKT/shading/Blinn.cpp includes src/VKT/lights/Light.h"));
+}
+
+TEST(LayersCheck, LetsPassWhatPointsDown)
+{
+    const Files files = {{"src/low/Low.h", "#include <vector>\n#include \"foreign.h\"\n"},
+                         {"src/low/Other.h", "#include \"Low.h\"\n#include \"low/Low.h\"\n"},
+                         {"src/mid/Mid.h", "#include \"low/Low.h\"\n"},
+                         {"src/top/Top.cpp", "#include \"../low/Low.h\"\n#include \"mid/Mid.h\"\n"}};
+    EXPECT_THAT(Check(files, {{"src/low", {}}, {"src/mid", {"src/low"}}, {"src/top", {"src/mid"}}}, {}),
+                IsEmpty());
+}
+
+TEST(LayersCheck, ExceptionsAreForSourcesAndAreUsed)
+{
+    const Files files = {{"src/low/Low.h", "#include \"top/Top.h\"\n"},
+                         {"src/low/Low.cpp", "#include \"top/Top.h\"\n"},
+                         {"src/top/Top.h", ""}};
+    const std::vector<Room> rooms = {{"src/low", {}}, {"src/top", {"src/low"}}};
+    EXPECT_THAT(Check(files, rooms, {{"src/low", "src/top/Top.h", ""}}),
+                ElementsAre("src/low/Low.h includes src/top/Top.h"));
+    EXPECT_THAT(Check(files, rooms, {{"src/top", "src/low/Low.h", ""}}),
+                ElementsAre("src/low/Low.cpp includes src/top/Top.h", "src/low/Low.h includes src/top/Top.h",
+                            "src/top needs no exception for src/low/Low.h"));
+}
+
+TEST(LayersCheck, AFileHasARoom)
+{
+    EXPECT_THAT(Check({{"src/cellar/Trunk.h", ""}}, kSceneRooms, {}),
+                ElementsAre("src/cellar/Trunk.h is in no room"));
+}
+
+TEST(LayersCheck, TheInnermostRoomOfAFileCounts)
+{
+    const std::vector<Room> rooms = {{"src/a", {}}, {"src/a/inner", {"src/a"}}};
+    EXPECT_THAT(
+        Check({{"src/a/A.h", "#include \"a/inner/B.h\"\n"}, {"src/a/inner/B.h", "#include \"a/A.h\"\n"}},
+              rooms, {}),
+        ElementsAre("src/a/A.h includes src/a/inner/B.h"));
+}
+
+}  // namespace
