@@ -4,6 +4,15 @@
 
 namespace maxhost {
 
+namespace {
+
+const char* TextOf(const MSTR& text)
+{
+    return text.isNull() ? "" : text.data();
+}
+
+}  // namespace
+
 Node::Node(Scene& scene, ULONG handle)
     : m_Scene(scene),
       m_Handle(handle),
@@ -201,14 +210,25 @@ void Node::SetParent(Node* parent)
     InvalidateTreeTM();
 }
 
+void Node::GetUserPropBuffer(MSTR& text)
+{
+    const std::string& properties = m_Properties.GetText();
+    text = properties.empty() ? MSTR() : MSTR(properties.c_str());
+}
+
+void Node::SetUserPropBuffer(const MSTR& text)
+{
+    m_Properties.SetText(TextOf(text));
+}
+
 BOOL Node::UserPropExists(const MSTR& key)
 {
-    return m_Properties.GetString(key.data()).has_value();
+    return m_Properties.GetString(TextOf(key)).has_value();
 }
 
 BOOL Node::GetUserPropString(const MSTR& key, MSTR& value)
 {
-    const auto text = m_Properties.GetString(key.data());
+    const auto text = m_Properties.GetString(TextOf(key));
     if (text)
         value = text->c_str();
     return text.has_value();
@@ -216,28 +236,43 @@ BOOL Node::GetUserPropString(const MSTR& key, MSTR& value)
 
 BOOL Node::GetUserPropInt(const MSTR& key, int& value)
 {
-    const auto number = m_Properties.GetInt(key.data());
+    const auto number = m_Properties.GetInt(TextOf(key));
     value = number.value_or(value);
     return number.has_value();
 }
 
 BOOL Node::GetUserPropFloat(const MSTR& key, float& value)
 {
-    const auto number = m_Properties.GetFloat(key.data());
+    const auto number = m_Properties.GetFloat(TextOf(key));
     value = number.value_or(value);
     return number.has_value();
 }
 
 BOOL Node::GetUserPropBool(const MSTR& key, BOOL& value)
 {
-    const auto flag = m_Properties.GetBool(key.data());
+    const auto flag = m_Properties.GetBool(TextOf(key));
     value = flag.value_or(value);
     return flag.has_value();
 }
 
 void Node::SetUserPropString(const MSTR& key, const MSTR& value)
 {
-    m_Properties.Set(key.data(), std::string_view(value.data()));
+    m_Properties.Set(TextOf(key), std::string_view(TextOf(value)));
+}
+
+void Node::SetUserPropInt(const MSTR& key, int value)
+{
+    m_Properties.Set(TextOf(key), value);
+}
+
+void Node::SetUserPropFloat(const MSTR& key, float value)
+{
+    m_Properties.Set(TextOf(key), value);
+}
+
+void Node::SetUserPropBool(const MSTR& key, BOOL value)
+{
+    m_Properties.Set(TextOf(key), value != 0);
 }
 
 }  // namespace maxhost

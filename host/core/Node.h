@@ -81,17 +81,18 @@ public:
     ScaleValue GetObjOffsetScale() override { return m_OffsetScale; }
     void SetObjOffsetScale(ScaleValue scale) override { m_OffsetScale = scale; }
 
-    void GetUserPropBuffer(MSTR& text) override { text = m_Properties.GetText().c_str(); }
-    void SetUserPropBuffer(const MSTR& text) override { m_Properties.SetText(text.data()); }
+    // A node without properties answers a string that was never given a text.
+    void GetUserPropBuffer(MSTR& text) override;
+    void SetUserPropBuffer(const MSTR& text) override;
     BOOL UserPropExists(const MSTR& key) override;
     BOOL GetUserPropString(const MSTR& key, MSTR& value) override;
     BOOL GetUserPropInt(const MSTR& key, int& value) override;
     BOOL GetUserPropFloat(const MSTR& key, float& value) override;
     BOOL GetUserPropBool(const MSTR& key, BOOL& value) override;
     void SetUserPropString(const MSTR& key, const MSTR& value) override;
-    void SetUserPropInt(const MSTR& key, int value) override { m_Properties.Set(key.data(), value); }
-    void SetUserPropFloat(const MSTR& key, float value) override { m_Properties.Set(key.data(), value); }
-    void SetUserPropBool(const MSTR& key, BOOL value) override { m_Properties.Set(key.data(), value != 0); }
+    void SetUserPropInt(const MSTR& key, int value) override;
+    void SetUserPropFloat(const MSTR& key, float value) override;
+    void SetUserPropBool(const MSTR& key, BOOL value) override;
 
     // For the scene, which keeps the tree and the selection.
     const std::vector<Node*>& Children();

@@ -68,32 +68,35 @@ Box3 Box3::operator*(const Matrix3& tm) const
     return box;
 }
 
-CStr::CStr(const char* text) : m_Text(text ? text : "") {}
+CStr::CStr(const char* text)
+{
+    if (text)
+        m_Text = text;
+}
 
 CStr::CStr(const wchar_t* text)
 {
+    if (!text)
+        return;
+    m_Text.emplace();
     std::mbstate_t state{};
     char bytes[MB_LEN_MAX];
-    for (; text && *text; ++text) {
+    for (; *text; ++text) {
         const std::size_t length = std::wcrtomb(bytes, *text, &state);
-        m_Text.append(length == static_cast<std::size_t>(-1) ? "?" : std::string(bytes, length));
+        m_Text->append(length == static_cast<std::size_t>(-1) ? "?" : std::string(bytes, length));
     }
-}
-
-CStr& CStr::operator=(const char* text)
-{
-    m_Text = text ? text : "";
-    return *this;
 }
 
 int CStr::Length() const
 {
-    return static_cast<int>(std::strlen(data()));
+    return static_cast<int>(std::strlen(Text()));
 }
 
 void CStr::Resize(int size)
 {
-    m_Text.resize(static_cast<std::size_t>(std::max(size, 0)));
+    if (!m_Text)
+        m_Text.emplace();
+    m_Text->resize(static_cast<std::size_t>(std::max(size, 0)));
 }
 
 CStr CStr::operator+(const CStr& tail) const
@@ -113,7 +116,8 @@ CStr& CStr::operator+=(const char* tail)
 
 CStr& CStr::Append(const CStr& tail)
 {
-    m_Text = std::string(data()) + tail.data();
+    if (tail.m_Text)
+        m_Text = std::string(Text()) + tail.Text();
     return *this;
 }
 
@@ -126,8 +130,8 @@ CStr& CStr::remove(int position, int count)
 {
     const int length = Length();
     if (position >= 0 && position < length && count > 0)
-        m_Text.erase(static_cast<std::size_t>(position),
-                     static_cast<std::size_t>(std::min(count, length - position)));
+        m_Text->erase(static_cast<std::size_t>(position),
+                      static_cast<std::size_t>(std::min(count, length - position)));
     return *this;
 }
 
@@ -135,43 +139,43 @@ CStr CStr::Substr(int start, int count) const
 {
     const int length = Length();
     if (start < 0 || start >= length || count <= 0)
-        return CStr();
+        return CStr("");
     return CStr(
-        std::string(data() + start, static_cast<std::size_t>(std::min(count, length - start))).c_str());
+        std::string(Text() + start, static_cast<std::size_t>(std::min(count, length - start))).c_str());
 }
 
 int CStr::first(char c) const
 {
-    const char* found = c ? std::strchr(data(), c) : nullptr;
-    return found ? static_cast<int>(found - data()) : -1;
+    const char* found = c ? std::strchr(Text(), c) : nullptr;
+    return found ? static_cast<int>(found - Text()) : -1;
 }
 
 int CStr::last(char c) const
 {
-    const char* found = c ? std::strrchr(data(), c) : nullptr;
-    return found ? static_cast<int>(found - data()) : -1;
+    const char* found = c ? std::strrchr(Text(), c) : nullptr;
+    return found ? static_cast<int>(found - Text()) : -1;
 }
 
-bool CStr::operator==(const CStr& other) const
+int CStr::operator==(const CStr& other) const
 {
-    return std::strcmp(data(), other.data()) == 0;
+    return std::strcmp(Text(), other.Text()) == 0;
 }
 
-bool CStr::operator<(const CStr& other) const
+int CStr::operator<(const CStr& other) const
 {
-    return std::strcmp(data(), other.data()) < 0;
+    return std::strcmp(Text(), other.Text()) < 0;
 }
 
 void CStr::toUpper()
 {
-    for (char& c : m_Text)
-        c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    for (int i = Length() - 1; i >= 0; --i)
+        data()[i] = static_cast<char>(std::toupper(static_cast<unsigned char>(data()[i])));
 }
 
 void CStr::toLower()
 {
-    for (char& c : m_Text)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    for (int i = Length() - 1; i >= 0; --i)
+        data()[i] = static_cast<char>(std::tolower(static_cast<unsigned char>(data()[i])));
 }
 
 int CStr::printf(const char* format, ...)
@@ -183,8 +187,8 @@ int CStr::printf(const char* format, ...)
     const int length = std::vsnprintf(nullptr, 0, format, arguments);
     va_end(arguments);
     if (length >= 0) {
-        m_Text.resize(static_cast<std::size_t>(length));
-        std::vsnprintf(m_Text.data(), m_Text.size() + 1, format, again);
+        Resize(length);
+        std::vsnprintf(data(), static_cast<std::size_t>(length) + 1, format, again);
     }
     va_end(again);
     return length;

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "maxtypes.h"
 
 // An 8-bit string that owns its buffer. Its length ends at the first null, so
-// that a buffer filled through data() after Resize() counts as what it holds.
+// that a buffer filled through data() after Resize() counts as what it holds. One that
+// was never given a text has none: data() and the conversions then answer null.
 class CoreExport CStr {
 public:
     CStr() = default;
@@ -13,10 +15,11 @@ public:
     CStr(const wchar_t* text);  // through the C locale's multibyte form
     CStr(const CStr&) = default;
     CStr& operator=(const CStr&) = default;
-    CStr& operator=(const char* text);
+    CStr& operator=(const char* text) { return *this = CStr(text); }
+    CStr& operator=(const wchar_t* text) { return *this = CStr(text); }
 
-    char* data() { return m_Text.data(); }
-    const char* data() const { return m_Text.c_str(); }
+    char* data() { return m_Text ? m_Text->data() : nullptr; }
+    const char* data() const { return m_Text ? m_Text->c_str() : nullptr; }
     operator char*() { return data(); }
     operator const char*() const { return data(); }
 
@@ -35,17 +38,17 @@ public:
     CStr& remove(int position, int count);
     CStr Substr(int start, int count) const;
     char& operator[](int i) { return data()[i]; }
-    const char& operator[](int i) const { return data()[i]; }
+    char operator[](int i) const { return data()[i]; }
 
     // Position of a character, -1 when it isn't there.
     int first(char c) const;
     int last(char c) const;
 
-    bool operator==(const CStr& other) const;
-    bool operator!=(const CStr& other) const { return !(*this == other); }
-    bool operator<(const CStr& other) const;
-    bool operator==(const char* other) const { return *this == CStr(other); }
-    bool operator!=(const char* other) const { return !(*this == other); }
+    // Only with another one: against a literal, the conversions to characters compete.
+    // One without text equals an empty one.
+    int operator==(const CStr& other) const;
+    int operator!=(const CStr& other) const { return !(*this == other); }
+    int operator<(const CStr& other) const;
 
     void toUpper();
     void toLower();
@@ -53,7 +56,9 @@ public:
     int printf(const char* format, ...);
 
 private:
-    std::string m_Text;
+    const char* Text() const { return m_Text ? m_Text->c_str() : ""; }
+
+    std::optional<std::string> m_Text;
 };
 
 using MSTR = CStr;

@@ -81,6 +81,13 @@ TEST_F(UserPropertyTest, NodesLeaveTheValueAloneWhenTheKeyIsMissing)
     EXPECT_FALSE(node->UserPropExists("b"));
 }
 
+TEST_F(UserPropertyTest, ANodeWithoutPropertiesAnswersAStringWithoutText)
+{
+    MSTR buffer("old");
+    maxhost::MakeNode("n")->GetUserPropBuffer(buffer);
+    EXPECT_EQ(buffer.data(), nullptr);
+}
+
 TEST_F(UserPropertyTest, NodesReadBackWhatTheySet)
 {
     INode* node = maxhost::MakeNode("n");

@@ -50,9 +50,27 @@ TEST(CStr, OwnsItsText)
     copy.data()[0] = 'c';
     EXPECT_STREQ(text, "bone");
     EXPECT_STREQ(copy, "cone");
-    EXPECT_STREQ(CStr().data(), "");
-    EXPECT_STREQ(CStr(static_cast<const char*>(nullptr)).data(), "");
-    EXPECT_TRUE(CStr().isNull());
+}
+
+TEST(CStr, OneThatWasNeverAssignedHasNoText)
+{
+    CStr text;
+    EXPECT_EQ(text.data(), nullptr);
+    EXPECT_EQ(static_cast<const char*>(text), nullptr);
+    EXPECT_EQ(CStr(static_cast<const char*>(nullptr)).data(), nullptr);
+    EXPECT_EQ(CStr(text).data(), nullptr);
+    EXPECT_TRUE(text.isNull());
+    EXPECT_EQ(text.Length(), 0);
+    EXPECT_EQ(text.first('a'), -1);
+    EXPECT_TRUE(text == CStr(""));
+    EXPECT_STREQ((text + "a").data(), "a");
+    EXPECT_STREQ(text.Substr(0, 1).data(), "");
+    text.toUpper();
+    EXPECT_EQ(text.data(), nullptr);
+    text = "";
+    EXPECT_STREQ(text.data(), "");
+    text = L"wide";
+    EXPECT_STREQ(text.data(), "wide");
 }
 
 TEST(CStr, IsAsLongAsWhatItsBufferHolds)

@@ -49,6 +49,17 @@ TEST_F(NodeAttributesTest, WireColourIsAnAttributeOfEachBone)
     EXPECT_EQ(AttributesOf("Scene_Root"), (Names{"wire_colour"}));
 }
 
+// The host then hands out a string without characters, not one of length 0.
+TEST_F(NodeAttributesTest, NodeWithoutPropertiesHasTheWireColourAlone)
+{
+    INode* node = MakeNode("a");
+    MSTR text;
+    node->GetUserPropBuffer(text);
+    ASSERT_EQ(text.data(), nullptr);
+    ExportScene();
+    EXPECT_EQ(AttributesOf("a"), (Names{"wire_colour"}));
+}
+
 TEST_F(NodeAttributesTest, PropertiesFollowTheWireColour)
 {
     MakeNodeWith("a = 1\r\nb=2.5\r\nc = yes\r\nd=TRUE\r\ne = false\r\nf = -3\r\n");
