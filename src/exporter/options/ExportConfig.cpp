@@ -5,7 +5,7 @@
 #include <memory>
 #include <type_traits>
 
-#include "exporter/options/ExportOptions.h"
+#include "exporter/options/OptionTable.h"
 #include "max/Application.h"
 #include "max/NativePath.h"
 

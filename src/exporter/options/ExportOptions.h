@@ -1,9 +1,5 @@
 #pragma once
 
-#include <optional>
-#include <span>
-#include <variant>
-
 #include "VKT/base/Types.h"
 
 namespace VKTMax {
@@ -175,30 +171,5 @@ private:
 
 // The store of the process.
 ExportOptions& GetExportOptions();
-
-// How one option is read and set, whatever its type.
-template <class T>
-struct OptionAccess {
-    T (ExportOptions::*get)() const;
-    void (ExportOptions::*set)(T);
-};
-
-// What there is to know of one option beside its default.
-struct ExportOption {
-    const char* name;
-    std::variant<OptionAccess<bool>, OptionAccess<i32>, OptionAccess<f32>> access;
-    i32 since;                     // first version of the configuration file that holds it, or kNotInFile
-    std::optional<i32> rig;        // what the rig preset sets; none leaves the option alone
-    std::optional<i32> animation;  // the same of the animation preset
-};
-inline constexpr i32 kNotInFile = 0;
-
-// All options. Those that the configuration file holds come first, in its order.
-std::span<const ExportOption> ListExportOptions();
-
-// Presets: a skinned mesh with its skeleton and no animation, and the sampled transforms
-// of the whole timeline and nothing else. Options that a preset does not name stay.
-void ApplyRigPreset();
-void ApplyAnimationPreset();
 
 }  // namespace VKTMax

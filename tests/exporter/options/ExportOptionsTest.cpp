@@ -6,6 +6,9 @@
 #include <set>
 #include <string>
 
+#include "exporter/options/OptionTable.h"
+#include "exporter/options/Presets.h"
+
 namespace VKTMax {
 namespace {
 

@@ -1,6 +1,7 @@
 #include "exporter/options/OptionsDialog.h"
 
 #include "exporter/options/ExportConfig.h"
+#include "exporter/options/Presets.h"
 #include "scenes/ExportScenes.h"
 
 namespace VKTMax {
