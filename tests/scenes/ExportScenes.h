@@ -11,22 +11,13 @@
 #include "VKT/geometry/PolygonMesh.h"
 #include "VKT/hierarchy/Bone.h"
 #include "VKT/node/FnRegistry.h"
+#include "VKT/support/LogCatcher.h"
 #include "exporter/options/ExportOptions.h"
 #include "exporter/walk/ExportCore.h"
 #include "host/app/HeadlessHost.h"
 #include "host/build/SceneBuilder.h"
 
 namespace export_scenes {
-
-// Keeps what is logged, level by level.
-class LogCatcher final : public VKT::XLogger {
-public:
-    void LogString(VKT::XLogLevel level, const VKT::XString& message) override
-    {
-        messages.push_back(VKT::GetLogPrefix(level) + message);
-    }
-    std::vector<std::string> messages;
-};
 
 // A class of its own over a triangle mesh: what the exporter tells apart by class id.
 class OddMesh final : public TriObject {

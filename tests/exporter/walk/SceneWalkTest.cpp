@@ -104,7 +104,7 @@ TEST_F(SceneWalkTest, SelectionBuildsShapesOfParentsFirst)
     ExportSelection();
     EXPECT_EQ(ShapeNames(), (Names{"aShape", "a1Shape"}));
     EXPECT_EQ(ChildNamesOf(BoneOf("a")), (Names{"a1"}));
-    EXPECT_TRUE(log.messages.empty());
+    EXPECT_EQ(log.Text(), "");
 }
 
 TEST_F(SceneWalkTest, SelectedChildOfAnUnselectedParentIsARoot)
