@@ -6,7 +6,6 @@
 #include <iterator>
 #include <set>
 #include <sstream>
-#include <string_view>
 
 namespace layers {
 namespace {
@@ -63,15 +62,33 @@ std::string Resolve(const std::string& file, const std::string& include, const F
     return "";
 }
 
-std::vector<std::string> Includes(const std::string& text)
+// What stands between the signs in the include lines that use them.
+std::vector<std::string> Includes(const std::string& text, char open = '"', char close = '"')
 {
-    constexpr std::string_view begin = "#include \"";
+    const std::string begin = std::string("#include ") + open;
     std::vector<std::string> includes;
     std::istringstream in(text);
     for (std::string line; std::getline(in, line);)
         if (line.starts_with(begin))
-            includes.push_back(line.substr(begin.size(), line.rfind('"') - begin.size()));
+            includes.push_back(line.substr(begin.size(), line.rfind(close) - begin.size()));
     return includes;
+}
+
+// The first foreign header that a file sees; empty when it sees none. Headers of the standard
+// library have no ending.
+std::string ForeignHeader(const std::string& file, const Files& files, std::set<std::string>& seen)
+{
+    if (!seen.insert(file).second)
+        return "";
+    const std::string& text = files.at(file);
+    for (const std::string& include : Includes(text, '<', '>'))
+        if (include.find('.') != std::string::npos)
+            return include;
+    for (const std::string& include : Includes(text))
+        if (const std::string target = Resolve(file, include, files); !target.empty())
+            if (std::string found = ForeignHeader(target, files, seen); !found.empty())
+                return found;
+    return "";
 }
 
 }  // namespace
@@ -123,6 +140,20 @@ std::vector<std::string> Check(const Files& files, const std::vector<Room>& room
     for (const Exception& exception : exceptions)
         if (!used.contains(&exception))
             findings.push_back(exception.folder + " needs no exception for " + exception.included);
+    return findings;
+}
+
+std::vector<std::string> CheckForeign(const Files& files, const std::vector<std::string>& places)
+{
+    std::vector<std::string> findings;
+    for (const auto& [file, text] : files) {
+        const auto isHere = [&at = file](const std::string& place) { return at == place || IsIn(at, place); };
+        if (std::ranges::any_of(places, isHere))
+            continue;
+        std::set<std::string> seen;
+        if (const std::string header = ForeignHeader(file, files, seen); !header.empty())
+            findings.push_back(file + " sees " + header);
+    }
     return findings;
 }
 

@@ -35,4 +35,9 @@ struct Exception {
 std::vector<std::string> Check(const Files& files, const std::vector<Room>& rooms,
                                const std::vector<Exception>& exceptions);
 
+// Headers of others than the project and the standard library, those of the host's SDK say, are
+// for some folders or files alone. A line for each file elsewhere that sees one, by itself or
+// by headers of ours.
+std::vector<std::string> CheckForeign(const Files& files, const std::vector<std::string>& places);
+
 }  // namespace layers

@@ -43,6 +43,27 @@ const std::vector<Exception> kSceneExceptions = {
     {"src/VKT/hierarchy", "src/VKT/shading/Material.h", "a shape asks who else uses its material"},
 };
 
+// The plug-in, over the scene library. The importer and the script interface get their rows when
+// they come: the importer over src/max and the library, the script over src/exporter/driver.
+const std::vector<Room> kPluginRooms = {
+    {"src/max", {"src/VKT/base"}},
+    {"src/exporter/math", {"src/VKT/base"}},
+    {"src/exporter/options", {"src/max"}},
+    {"src/exporter/walk", {"src/exporter/math", "src/exporter/options", "src/utils"}},
+    {"src/exporter/deformers", {"src/exporter/walk"}},
+    {"src/exporter/geometry", {"src/exporter/deformers"}},
+    {"src/exporter/driver", {"src/exporter/geometry"}},
+    {"src/plugin", {"src/exporter/driver"}},
+};
+
+const std::vector<Exception> kPluginExceptions = {
+    {"src/exporter/walk", "src/exporter/geometry/MeshExport.h",
+     "sends each object to where its shape is built"},
+};
+
+// Where headers of the host may be seen, and those of the operating system.
+const std::vector<std::string> kForeignPlaces = {"src/max", "src/plugin", "src/VKT/stream/Platform.cpp"};
+
 Files SceneFiles()
 {
     return ReadFiles(VKT_SOURCE_ROOT, {"src/VKT", "src/utils"});
@@ -53,7 +74,67 @@ TEST(Layers, RoomsOfTheSceneLibraryKnowThoseBelowAlone)
     EXPECT_THAT(Check(SceneFiles(), kSceneRooms, kSceneExceptions), IsEmpty());
 }
 
+Files PluginFiles()
+{
+    Files files = ReadFiles(VKT_SOURCE_ROOT, {"src"});
+    // Arithmetic without a host: anyone may use it.
+    files.erase("src/max/RowMatrix.h");
+    return files;
+}
+
+std::vector<Room> PluginRooms()
+{
+    std::vector<Room> rooms = kSceneRooms;
+    rooms.insert(rooms.end(), kPluginRooms.begin(), kPluginRooms.end());
+    return rooms;
+}
+
+std::vector<Exception> PluginExceptions()
+{
+    std::vector<Exception> exceptions = kSceneExceptions;
+    exceptions.insert(exceptions.end(), kPluginExceptions.begin(), kPluginExceptions.end());
+    return exceptions;
+}
+
+TEST(Layers, RoomsOfThePluginKnowThoseBelowAlone)
+{
+    EXPECT_THAT(Check(PluginFiles(), PluginRooms(), PluginExceptions()), IsEmpty());
+}
+
+TEST(Layers, HeadersOfTheHostAreForTheBorderAndTheModuleAlone)
+{
+    EXPECT_THAT(CheckForeign(PluginFiles(), kForeignPlaces), IsEmpty());
+}
+
 // The checks themselves, on what is planted.
+
+TEST(LayersCheck, FindsHeadersOfTheHostBeyondTheBorder)
+{
+    Files files = PluginFiles();
+    files["src/VKT/base/IdMap.cpp"] += "#include <windows.h>\n";
+    files["src/exporter/driver/ExportDriver.cpp"] += "#include \"exporter/walk/Pose.h\"\n";
+    files["src/exporter/walk/Pose.h"] = "#include \"max/Matrix.h\"\n";
+    files["src/max/NativePath.cpp"] += "#include <max.h>\n";
+    const std::vector<std::string> found = CheckForeign(files, kForeignPlaces);
+    EXPECT_THAT(found, testing::IsSupersetOf({"src/VKT/base/IdMap.cpp sees windows.h",
+                                              "src/exporter/driver/ExportDriver.cpp sees max.h",
+                                              "src/exporter/walk/Pose.h sees max.h"}));
+    EXPECT_THAT(found, testing::Not(testing::Contains(testing::HasSubstr("NativePath"))));
+}
+
+TEST(LayersCheck, FindsRoomsOfThePluginThatKnowTooMuch)
+{
+    Files files = PluginFiles();
+    files["src/max/Node.h"] += "#include \"VKT/node/Base.h\"\n";
+    files["src/exporter/math/TransformDecomposition.cpp"] += "#include \"max/Node.h\"\n";
+    files["src/exporter/options/Presets.cpp"] += "#include \"exporter/walk/ExportCore.h\"\n";
+    files["src/exporter/walk/SceneWalk.h"] += "#include \"exporter/geometry/MeshExport.h\"\n";
+    EXPECT_THAT(Check(files, PluginRooms(), PluginExceptions()),
+                ElementsAre("src/exporter/math/TransformDecomposition.cpp includes src/max/Node.h",
+                            "src/exporter/options/Presets.cpp includes src/exporter/walk/ExportCore.h",
+                            "src/exporter/walk/SceneWalk.h includes src/exporter/geometry/MeshExport.h",
+                            "src/max/Node.h includes src/VKT/node/Base.h"));
+}
 
 TEST(LayersCheck, FindsAnIncludeThatPointsUp)
 {
