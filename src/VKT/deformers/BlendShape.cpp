@@ -90,7 +90,7 @@ void XBlendShape::DoCopy(const XBase* source)
 
 bool XBlendShape::DoData(XFileIO& file)
 {
-    const bool isOld = !file.IsMeasuring() && IsFromOlderFile(*this);
+    const bool isOld = file.IsBelow(4);
     return XNodeClass::DoData(file) && DoTargets(file, isOld);
 }
 
@@ -147,7 +147,7 @@ bool XBlendShape::ReadFields(XTextReader& in)
 {
     if (!XNodeClass::ReadFields(in) || !Expect("num_shapes", in, kSource, 1))
         return false;
-    const bool isOld = IsFromOlderFile(*this);
+    const bool isOld = in.IsBelow(4);
     u32 count = 0;
     in.Read(count);
     m_Targets.clear();

@@ -43,7 +43,7 @@ XBodyTable XWireDeformer::TextBody()
 
 bool XWireDeformer::DoData(XFileIO& file)
 {
-    const bool isOld = !file.IsMeasuring() && IsFromOlderFile(*this);
+    const bool isOld = file.IsBelow(4);
     return XDeformer::DoData(file) && (isOld ? DoOldWires(file) : DoWires(file)) && DoOwnBinaryBody(file);
 }
 
@@ -114,7 +114,7 @@ bool XWireDeformer::ReadFields(XTextReader& in)
 {
     if (!XNodeClass::ReadFields(in) || !Expect("num_wires", in, kSource, 4))
         return false;
-    const bool isOld = IsFromOlderFile(*this);
+    const bool isOld = in.IsBelow(4);
     u32 count = 0;
     in.Read(count);
     m_Wires.clear();

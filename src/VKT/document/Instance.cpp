@@ -130,7 +130,7 @@ bool XInstance::Read(XBone& bone, XTextReader& in)
     in.Read(shapeId);
 
     XVector<XInstanceUvSet> uvSets;
-    if (model.GetVersion() >= 4) {
+    if (!in.IsBelow(4)) {
         if (!Expect("num_uv_sets", in, kSource, 3))
             return false;
         u32 count = 0;

@@ -41,6 +41,7 @@ XFileResult XModel::LoadBin(const char* path, bool loadCycles)
         GetLogger()->LogFormat(kInfo, "file \"%s\" failed to open", path);
         return FileOpenFailed;
     }
+    file.SetVersion(m_Version);  // of the header, which `Load` has checked
     u8 header[kHeaderSize];
     file.DoData(header, kHeaderSize);
     if (!DoImages(file))

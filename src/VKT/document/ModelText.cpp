@@ -32,6 +32,7 @@ XFileResult XModel::LoadAsciiStream(XTextReader& in, const char* path, bool load
     const XFileResult result = CheckHeader(header, path);
     if (result != FileOk)
         return result;
+    in.SetVersion(m_Version);
     if (header.size() < 9 || header[8] != 'A') {
         GetLogger()->LogFormat(kError, "File is \"%s\" is not an ascii vkt file", path);
         return FileNotVkt;

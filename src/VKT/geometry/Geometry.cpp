@@ -107,9 +107,8 @@ bool XGeometry::WriteChunk(XTextWriter& out) const
 
 bool XGeometry::ReadFields(XTextReader& in)
 {
-    const u32 version = GetModel()->GetVersion();
     // Particle shapes had no points and no deformers in older files.
-    if (version >= 4 || GetApiType() != kFnParticleShape) {
+    if (!in.IsBelow(4) || GetApiType() != kFnParticleShape) {
         if (!Expect("points", in, kSource, 1))
             return false;
         i32 numPoints = 0;
@@ -124,7 +123,7 @@ bool XGeometry::ReadFields(XTextReader& in)
         in.Read(numDeformers);
         in.ReadNumbers(m_DeformerQueue, numDeformers);  // too few are seen at the next key
     }
-    if (version >= 4) {
+    if (!in.IsBelow(4)) {
         if (!Expect("intermediate_object", in, kSource, 3))
             return false;
         in.Read(m_IntermediateObject);

@@ -139,7 +139,7 @@ void XAttribute::NodeDeath(XModel& model, u32 id)
         std::erase_if(m_Outputs, names);
 }
 
-bool XAttribute::DoData(XFileIO& file, u32 version)
+bool XAttribute::DoData(XFileIO& file)
 {
     u32 type = GetType();
     if (!file.DoData(type))
@@ -150,12 +150,12 @@ bool XAttribute::DoData(XFileIO& file, u32 version)
     }
     if (file.IsReading())
         SetType(type);
-    if (!file.DoData(m_Name) || !DoValue(file, version))
+    if (!file.DoData(m_Name) || !DoValue(file))
         return false;
-    return version < 3 || (DoConnections(file, m_Inputs) && DoConnections(file, m_Outputs));
+    return file.IsBelow(3) || (DoConnections(file, m_Inputs) && DoConnections(file, m_Outputs));
 }
 
-bool XAttribute::DoValue(XFileIO& file, u32 version)
+bool XAttribute::DoValue(XFileIO& file)
 {
     return std::visit(
         [&](auto& value) -> bool {
@@ -163,7 +163,7 @@ bool XAttribute::DoValue(XFileIO& file, u32 version)
             if constexpr (std::is_same_v<T, XMessage>)
                 return true;
             else if constexpr (std::is_same_v<T, XMessageArray>)
-                return version < 3 || file.DoData(value.count);
+                return file.IsBelow(3) || file.DoData(value.count);
             else if constexpr (std::is_same_v<T, XInt2> || std::is_same_v<T, XInt3> ||
                                std::is_same_v<T, XInt4>)
                 return file.DoData(value.data(), value.size()) != 0;

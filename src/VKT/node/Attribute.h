@@ -136,14 +136,14 @@ public:
     void WriteConnections(XTextWriter& out, const XModel& model) const;
     // Type, name, value and connections, in both directions. Files below version 3 have
     // no connections, and no element count of message arrays.
-    bool DoData(XFileIO& file, u32 version);
+    bool DoData(XFileIO& file);
 
 private:
     const XConnection* FindInput(u32 element) const;
     const XConnection* FindOutput(u32 element, u32 n) const;
     // Becomes the empty or zero value of a type of the enumeration.
     void SetType(u32 type);
-    bool DoValue(XFileIO& file, u32 version);
+    bool DoValue(XFileIO& file);
 
     XString m_Name = "default";
     XAttributeValue m_Value;

@@ -62,8 +62,8 @@ bool XBase::DoData(XFileIO& file)
         return false;
     // The loader has made the block of a chunk whose header says that there is one.
     if (file.IsReading())
-        return !m_ExtraAttributes || m_ExtraAttributes->DoData(file, m_Model->GetVersion());
-    return !SavesExtraAttributes() || m_ExtraAttributes->DoData(file, XModel::kCurrentVersion);
+        return !m_ExtraAttributes || m_ExtraAttributes->DoData(file);
+    return !SavesExtraAttributes() || m_ExtraAttributes->DoData(file);
 }
 
 void XBase::DoCopy(const XBase*) {}
@@ -231,11 +231,6 @@ XExtraAttributes& XBase::RenewExtraAttributes()
 {
     m_ExtraAttributes = std::make_unique<XExtraAttributes>();
     return *m_ExtraAttributes;
-}
-
-bool IsFromOlderFile(const XBase& node)
-{
-    return node.GetModel()->GetVersion() < XModel::kCurrentVersion;
 }
 
 }  // namespace VKT

@@ -1,6 +1,5 @@
 #include "VKT/node/BodyTable.h"
 
-#include "VKT/document/Model.h"
 #include "VKT/stream/FileIO.h"
 #include "VKT/stream/TextWriter.h"
 
@@ -324,7 +323,7 @@ struct Copying {
 
 bool WriteTextBody(const XBase& node, const XBodyTable& table, XTextWriter& out)
 {
-    const u32 version = node.GetModel()->GetVersion();
+    const u32 version = out.GetVersion();
     for (const XBodyRow& row : table.rows)
         if (IsWritten(row, version))
             std::visit(TextWriting{node, row, out}, row.stored);
@@ -333,7 +332,7 @@ bool WriteTextBody(const XBase& node, const XBodyTable& table, XTextWriter& out)
 
 bool ReadTextBody(XBase& node, const XBodyTable& table, XTextReader& in)
 {
-    const u32 version = node.GetModel()->GetVersion();
+    const u32 version = in.GetVersion();
     int line = 0;
     for (const XBodyRow& row : table.rows) {
         ++line;
@@ -346,8 +345,7 @@ bool ReadTextBody(XBase& node, const XBodyTable& table, XTextReader& in)
 
 bool DoBinaryBody(XBase& node, const XBodyTable& table, XFileIO& file)
 {
-    // A measure is that of a save, which always writes the current version.
-    const u32 version = file.IsMeasuring() ? XModel::kCurrentVersion : node.GetModel()->GetVersion();
+    const u32 version = file.GetVersion();
     for (const XBodyRow& row : table.rows)
         if (IsInFile(row, version, file.IsReading()) &&
             !std::visit(BinaryTransfer{node, row, file}, row.stored))

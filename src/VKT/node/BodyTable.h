@@ -218,11 +218,19 @@ constexpr XStored Quoted(XString Node::*member, bool (*read)(XTextReader& in, XS
 struct XBodyTable {
     const char* source = nullptr;  // names the class in messages about wrong keys
     std::span<const XBodyRow> rows;
+    u32 below = 0;  // of an old body: the version that ended it
 };
 
-// The engine. Reading stops at the first failure, which has been logged; a wrong key
-// logs the table's source and the row's number. Text that is no number fails the input, and
-// that is seen at the next key, which may be one behind the table.
+// What files below a version hold in place of the body.
+constexpr XBodyTable BodyBelow(u32 version, XBodyTable table)
+{
+    table.below = version;
+    return table;
+}
+
+// The engine. Gates are held against the version of the stream. Reading stops at the first failure, which has
+// been logged; a wrong key logs the table's source and the row's number. Text that is no number fails the
+// input, and that is seen at the next key, which may be one behind the table.
 bool WriteTextBody(const XBase& node, const XBodyTable& table, XTextWriter& out);
 bool ReadTextBody(XBase& node, const XBodyTable& table, XTextReader& in);
 // Both directions, and measuring.

@@ -115,7 +115,7 @@ bool XExtraAttributes::ReadConnection(XTextReader& in)
     return Expect("}", in, kSource, 7);
 }
 
-bool XExtraAttributes::DoData(XFileIO& file, u32 version)
+bool XExtraAttributes::DoData(XFileIO& file)
 {
     constexpr u64 kLeastBytes = 6;  // a type and an empty name
     u32 count = 0;
@@ -123,12 +123,12 @@ bool XExtraAttributes::DoData(XFileIO& file, u32 version)
         return false;
     if (file.IsReading())
         for (u32 i = 0; i < count; ++i) {
-            if (!Add("")->DoData(file, version))
+            if (!Add("")->DoData(file))
                 return false;
         }
     else
         for (const auto& attribute : m_Attributes)
-            if (!attribute->DoData(file, version))
+            if (!attribute->DoData(file))
                 return false;
     return true;
 }

@@ -31,7 +31,7 @@ public:
     void ReadAttributes(XTextReader& in);
     void ReadConnections(XTextReader& in);
     // u32 count and the attributes, in both directions.
-    bool DoData(XFileIO& file, u32 version);
+    bool DoData(XFileIO& file);
 
 private:
     bool ReadConnection(XTextReader& in);

@@ -14,7 +14,7 @@ struct XClassTables {
     u32 base = kFnBase;  // the type of the class it derives from; the root has itself
     XBodyTable text;
     XBodyTable binary;
-    XBodyTable oldText;  // where the body of files below version 4 was another one
+    XBodyTable oldText;  // where older files had another body altogether
     XBodyTable oldBinary;
     const XNodeProperties* properties = nullptr;  // those of the base too
     // Whether the class overrides what reads and writes a form by its rows.

@@ -6,9 +6,6 @@
 
 namespace VKT {
 
-// Whether the document of `node` comes from a file of an older version.
-bool IsFromOlderFile(const XBase& node);
-
 // Whether two functions are one: whether a class has a table of its own or inherits it.
 template <auto First, auto Second>
 inline constexpr bool kIsSame = false;
@@ -35,8 +32,9 @@ inline constexpr bool kIsSame<Function, Function> = true;
 // `kNumProperties`.
 //
 // A class whose body was another one altogether in older files declares `OldTextBody`
-// and `OldBinaryBody`: they replace the chain up to and with this class while such a file
-// is read. What derived classes store follows behind them as ever.
+// and `OldBinaryBody`, each a `BodyBelow` some version: they replace the chain up to and with
+// this class while such a file is read. What derived classes store follows behind them as
+// ever.
 template <class Self, class Base, u32 Type>
 class XNodeClass : public Base {
 public:
@@ -63,8 +61,8 @@ public:
     bool DoData(XFileIO& file) override
     {
         if constexpr (HasOldBinaryBody())
-            if (file.IsReading() && IsFromOlderFile(*this))
-                return XBase::DoData(file) && DoBinaryBody(*this, Self::OldBinaryBody(), file);
+            if (const XBodyTable old = Self::OldBinaryBody(); file.IsReading() && file.IsBelow(old.below))
+                return XBase::DoData(file) && DoBinaryBody(*this, old, file);
         return Base::DoData(file) && DoOwnBinaryBody(file);
     }
 
@@ -81,8 +79,8 @@ public:
     bool ReadFields(XTextReader& in)
     {
         if constexpr (HasOldTextBody())
-            if (IsFromOlderFile(*this))
-                return ReadTextBody(*this, Self::OldTextBody(), in);
+            if (const XBodyTable old = Self::OldTextBody(); in.IsBelow(old.below))
+                return ReadTextBody(*this, old, in);
         return Base::ReadFields(in) && ReadOwnTextBody(in);
     }
 

@@ -56,7 +56,7 @@ XBodyTable XLambert::OldTextBody()
         InputId(&XLambert::m_EnvMap),
         {"hw_shader", NodeId(&XLambert::m_HwShader)},
     };
-    return {".\\src\\VKT\\Lambert", rows};
+    return BodyBelow(4, {".\\src\\VKT\\Lambert", rows});
 }
 
 // The binary body of then had a specular colour and a shininess too, which are dropped.
@@ -73,7 +73,7 @@ XBodyTable XLambert::OldBinaryBody()
         InputId(&XLambert::m_EnvMap),
         NodeId(&XLambert::m_HwShader),
     };
-    return {".\\src\\VKT\\Lambert", rows};
+    return BodyBelow(4, {".\\src\\VKT\\Lambert", rows});
 }
 
 // Kept on purpose: `ambient` and `emission` stand for what files call `ambient_colour`

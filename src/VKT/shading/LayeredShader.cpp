@@ -119,7 +119,7 @@ bool XLayeredShader::DoData(XFileIO& file)
         return false;
     if (file.IsReading())
         Resize(0);
-    if (file.IsReading() && IsFromOlderFile(*this))
+    if (file.IsReading() && file.IsBelow(4))
         return DoOldLayers(file);
     u32 count = 0;
     if (!file.DoCount(count, GetNumLayers(), kLeastLayerBytes))
@@ -164,7 +164,7 @@ bool XLayeredShader::ReadFields(XTextReader& in)
     if (!XNodeClass::ReadFields(in))
         return false;
     Resize(0);
-    return IsFromOlderFile(*this) ? ReadOldLayers(in) : ReadLayers(in);
+    return in.IsBelow(4) ? ReadOldLayers(in) : ReadLayers(in);
 }
 
 bool XLayeredShader::ReadLayers(XTextReader& in)

@@ -108,7 +108,7 @@ bool XRampShader::ReadFields(XTextReader& in)
     if (!XNodeClass::ReadFields(in))
         return false;
     Clear();
-    for (u32 ramp = 0; ramp < kNumRamps && !IsFromOlderFile(*this); ++ramp)
+    for (u32 ramp = 0; ramp < kNumRamps && !in.IsBelow(4); ++ramp)
         if (!ReadRamp(ramp, in))
             return false;
     return true;
@@ -146,7 +146,7 @@ bool XRampShader::DoData(XFileIO& file)
         return false;
     if (file.IsReading())
         Clear();
-    if (file.IsReading() && IsFromOlderFile(*this))
+    if (file.IsReading() && file.IsBelow(4))
         return true;
     for (u32 ramp = 0; ramp < kNumRamps; ++ramp)
         if (!DoRamp(ramp, file))

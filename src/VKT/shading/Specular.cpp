@@ -41,7 +41,7 @@ XBodyTable XSpecular::OldTextBody()
         InputId(&XSpecular::m_EnvMap),
         {"hw_shader", NodeId(&XSpecular::m_HwShader)},
     };
-    return {".\\src\\VKT\\Specular", rows};
+    return BodyBelow(4, {".\\src\\VKT\\Specular", rows});
 }
 
 // The binary body of then held the shininess of every class.
@@ -58,7 +58,7 @@ XBodyTable XSpecular::OldBinaryBody()
         InputId(&XSpecular::m_EnvMap),
         NodeId(&XSpecular::m_HwShader),
     };
-    return {".\\src\\VKT\\Specular", rows};
+    return BodyBelow(4, {".\\src\\VKT\\Specular", rows});
 }
 
 XPropertyTable XSpecular::Properties()

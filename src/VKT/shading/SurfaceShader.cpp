@@ -26,7 +26,7 @@ XBodyTable XSurfaceShader::OldTextBody()
         {"env_map", DroppedNumber()},
         {"hw_shader", NodeId(&XSurfaceShader::m_HwShader)},
     };
-    return {".\\src\\VKT\\SurfaceShader", rows};
+    return BodyBelow(4, {".\\src\\VKT\\SurfaceShader", rows});
 }
 
 // With a shininess behind the colours.
@@ -43,7 +43,7 @@ XBodyTable XSurfaceShader::OldBinaryBody()
         DroppedNumber(),  // environment map
         NodeId(&XSurfaceShader::m_HwShader),
     };
-    return {".\\src\\VKT\\SurfaceShader", rows};
+    return BodyBelow(4, {".\\src\\VKT\\SurfaceShader", rows});
 }
 
 XPropertyTable XSurfaceShader::Properties()

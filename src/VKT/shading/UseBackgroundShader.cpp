@@ -11,7 +11,7 @@ XBodyTable XUseBackgroundShader::OldTextBody()
         {"transparency", DroppedInput()},   {"bump_map", DroppedNumber()},
         {"env_map", DroppedNumber()},       {"hw_shader", NodeId(&XUseBackgroundShader::m_HwShader)},
     };
-    return {".\\src\\VKT\\UseBackgroundShader", rows};
+    return BodyBelow(4, {".\\src\\VKT\\UseBackgroundShader", rows});
 }
 
 // With a shininess behind the colours.
@@ -28,7 +28,7 @@ XBodyTable XUseBackgroundShader::OldBinaryBody()
         DroppedNumber(),  // environment map
         NodeId(&XUseBackgroundShader::m_HwShader),
     };
-    return {".\\src\\VKT\\UseBackgroundShader", rows};
+    return BodyBelow(4, {".\\src\\VKT\\UseBackgroundShader", rows});
 }
 
 }  // namespace VKT

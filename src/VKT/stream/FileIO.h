@@ -7,6 +7,7 @@
 #include <type_traits>
 
 #include "VKT/base/Lists.h"
+#include "VKT/stream/FileVersion.h"
 
 namespace VKT {
 
@@ -26,7 +27,7 @@ struct XDate {
 //
 // A count from a file is checked against the bytes that are left before it sizes
 // anything, so that a claim that cannot be true fails as the short read it is.
-class XFileIO {
+class XFileIO : public XVersioned {
 public:
     // Opens `path` in binary mode and owns the file. A failed open leaves no file and
     // logs nothing.

@@ -10,6 +10,7 @@
 
 #include "VKT/base/BoneWeight.h"
 #include "VKT/base/Vectors.h"
+#include "VKT/stream/FileVersion.h"
 
 namespace VKT {
 
@@ -21,7 +22,7 @@ namespace VKT {
 // The input passes through one window, so that a file is never held whole: touching
 // fresh memory would cost more than the parsing. What the source gave to the window is
 // gone from the source.
-class XTextReader {
+class XTextReader : public XVersioned {
 public:
     static constexpr std::size_t kWindowSize = 64 * 1024;  // bytes
     static constexpr u64 kUnknown = std::numeric_limits<u64>::max();

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "VKT/base/Vectors.h"
+#include "VKT/stream/FileVersion.h"
 
 namespace VKT {
 
@@ -53,7 +54,7 @@ struct XNodeId {
 //
 // The output passes through one window of 64 KiB. A failure sticks: what is written
 // after it is dropped.
-class XTextWriter {
+class XTextWriter : public XVersioned {
 public:
     // Writes to an open file or stream, which stays the caller's and must outlive the
     // writer.

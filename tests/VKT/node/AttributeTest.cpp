@@ -40,7 +40,8 @@ std::string BytesOf(XAttribute attribute, u32 version = 4)
     const TempFile file(".bin");
     {
         XFileIO out(file.Path(), false);
-        EXPECT_TRUE(attribute.DoData(out, version));
+        out.SetVersion(version);
+        EXPECT_TRUE(attribute.DoData(out));
     }
     return file.Bytes();
 }
@@ -182,7 +183,7 @@ TEST(Attribute, EveryTypeReadsBack)
         const TempFile file(".bin", bytes);
         XFileIO in(file.Path(), true);
         XAttribute copy;
-        EXPECT_TRUE(copy.DoData(in, 4));
+        EXPECT_TRUE(copy.DoData(in));
         EXPECT_EQ(TextOf(copy), text);
         EXPECT_EQ(BytesOf(copy), bytes);
         EXPECT_EQ(in.Remaining(), 0u);
@@ -243,7 +244,7 @@ TEST(Attribute, TypesThatAreNoneAreRefused)
     const TempFile file(".bin", std::string("\x87\0\0\0\1\0a\0", 8));
     XFileIO in(file.Path(), true);
     XAttribute attribute;
-    EXPECT_FALSE(attribute.DoData(in, 4));
+    EXPECT_FALSE(attribute.DoData(in));
     EXPECT_EQ(log.Text(), "Error : 135 is no type of an extra attribute\n");
 }
 

@@ -27,7 +27,7 @@ public:
             {"old_sheen", DroppedInput()},
             {"old_shine", DroppedNumber()},
         };
-        return {".\\src\\VKT\\Renewed", rows};
+        return BodyBelow(4, {".\\src\\VKT\\Renewed", rows});
     }
     static XBodyTable OldBinaryBody()
     {
@@ -38,7 +38,7 @@ public:
             DroppedInput(),  // of any name
             DroppedNumber(),
         };
-        return {".\\src\\VKT\\Renewed", rows};
+        return BodyBelow(4, {".\\src\\VKT\\Renewed", rows});
     }
 
     XShaderInput colour{"hue"};

@@ -67,10 +67,13 @@ private:
     std::string m_Path;
 };
 
+// The streams below are of the version of the node's document, as those of a load are.
+
 // The class's own lines of a node's text chunk.
 inline std::string TextOf(const XBase& node)
 {
     XTextWriter out;
+    out.SetVersion(node.GetModel()->GetVersion());
     node.WriteChunk(out);
     return out.TakeText();
 }
@@ -87,6 +90,7 @@ inline std::string ChunkOf(const XBase& node)
 inline bool ReadText(XBase& node, std::string_view text)
 {
     XTextReader in(text);
+    in.SetVersion(node.GetModel()->GetVersion());
     return node.ReadChunk(in);
 }
 
@@ -130,6 +134,7 @@ inline std::string BodyOf(XBase& node)
     const TempFile file(".bin");
     {
         XFileIO out(file.Path(), false);
+        out.SetVersion(node.GetModel()->GetVersion());
         node.DoData(out);
     }
     return file.Bytes();
@@ -140,6 +145,7 @@ inline bool ReadBody(XBase& node, std::string_view bytes)
 {
     const TempFile file(".bin", bytes);
     XFileIO in(file.Path(), true);
+    in.SetVersion(node.GetModel()->GetVersion());
     return node.DoData(in);
 }
 
