@@ -2,7 +2,8 @@
 
 namespace VKT::Test {
 
-// One node of each class that a mesh hung under a skeleton needs. See Samples.h.
+// A polygon mesh with its material and a wave that deforms it, a bone, a joint and a spot
+// light. Ids 1 to 99. See Samples.h.
 inline constexpr char kBasicSample[] =
     R"(|VKT_004A#0000#00000000|
 LAMBERT clay

@@ -2,8 +2,8 @@
 
 namespace VKT::Test {
 
-// One deformer of each kind but the wave, and the lattices. See Samples.h. The base
-// lattice is a cube, since text files have one size for all three.
+// One deformer of each kind but the wave, and the lattices. The base lattice is a cube,
+// since text files have one size for all three. Ids 200 to 299. See Samples.h.
 inline constexpr char kDeformerSample[] =
     R"(|VKT_004A#0000#00000000|
 BASE_LATTICE box

@@ -2,8 +2,8 @@
 
 namespace VKT::Test {
 
-// Fields and an emitter below one bone, particles, collision and volume objects. See
-// Samples.h.
+// Fields and an emitter below one bone, particles, collision and volume objects. Ids 600 to
+// 699. See Samples.h.
 inline constexpr char kDynamicsSample[] =
     R"(|VKT_004A#0000#00000000|
 COLLISION_BOX crate

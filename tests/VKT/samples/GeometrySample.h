@@ -3,7 +3,7 @@
 namespace VKT::Test {
 
 // Shapes other than polygon meshes: curves, patches, surfaces, an older mesh with its vertex
-// colours, a locator. See Samples.h.
+// colours, a locator. Ids 400 to 499. See Samples.h.
 inline constexpr char kGeometrySample[] =
     R"(|VKT_004A#0000#00000000|
 BEZIER_CURVE arc

@@ -2,8 +2,8 @@
 
 namespace VKT::Test {
 
-// A camera, and one light of each class but the spot light. See Samples.h. Ids 800 to
-// 899.
+// A camera, and one light of each class but the spot light. Ids 800 to 899. See
+// Samples.h.
 inline constexpr char kLightSample[] =
     R"(|VKT_004A#0000#00000000|
 AMBIENT_LIGHT ambience

@@ -2,7 +2,7 @@
 
 namespace VKT::Test {
 
-// Constraints below one bone, an IK chain, layers and a set. See Samples.h.
+// Constraints below one bone, an IK chain, layers and a set. Ids 500 to 599. See Samples.h.
 inline constexpr char kRiggingSample[] =
     R"(|VKT_004A#0000#00000000|
 AIM_CONSTRAINT aim

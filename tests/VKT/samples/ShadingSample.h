@@ -2,7 +2,8 @@
 
 namespace VKT::Test {
 
-// One node of each class that gives surfaces their look. See Samples.h. Ids 700 to 799.
+// One node of each class that gives surfaces their look: materials, layered and
+// ramp shaders, textures, maps and placements. Ids 700 to 799. See Samples.h.
 inline constexpr char kShadingSample[] =
     R"(|VKT_004A#0000#00000000|
 TEXTURE_2D photo
