@@ -1,22 +1,18 @@
 #include "exporter/deformers/ModifierTable.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace VKTMax {
 namespace {
 
-struct ModifierRow {
-    HostClass type;
-};
-
-// The modifiers that the exporter knows. All of them deform.
-constexpr ModifierRow kModifiers[] = {{kPhysique}, {kSkin}, {kMorpher}};
+constexpr HostClass kDeforming[] = {kPhysique, kSkin, kMorpher};
 
 }  // namespace
 
 bool IsDeforming(HostClass modifier)
 {
-    return std::ranges::find(kModifiers, modifier, &ModifierRow::type) != std::end(kModifiers);
+    return std::find(std::begin(kDeforming), std::end(kDeforming), modifier) != std::end(kDeforming);
 }
 
 }  // namespace VKTMax
