@@ -82,9 +82,13 @@ bool Repair(float& value)
 std::size_t Repair(std::vector<Float3>& values)
 {
     std::size_t repaired = 0;
-    for (Float3& value : values)
+    for (Float3& value : values) {
         // Each of the three is to be looked at.
-        repaired += static_cast<std::size_t>(Repair(value.x) | Repair(value.y) | Repair(value.z));
+        const bool x = Repair(value.x);
+        const bool y = Repair(value.y);
+        const bool z = Repair(value.z);
+        repaired += x || y || z;
+    }
     return repaired;
 }
 

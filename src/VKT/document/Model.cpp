@@ -223,7 +223,8 @@ XInstance* XModel::CreateInstance(XBone* bone, XShape* shape)
 XInstance* XModel::AddInstance(std::unique_ptr<XInstance> instance)
 {
     instance->m_ID = ++m_LastInstanceId;
-    ++m_InstancesByPlace.try_emplace(PlaceKey(instance->m_Parent, instance->m_Object), instance->m_ID, 0u)
+    ++m_InstancesByPlace
+          .try_emplace(PlaceKey(instance->m_Parent, instance->m_Object), Place{instance->m_ID, 0})
           .first->second.count;
     m_InstancesByShape[instance->m_Object].push_back(instance->m_ID);
     return m_Instances.emplace_back(std::move(instance)).get();

@@ -43,25 +43,25 @@ struct Kinds {
     XKind operator()(XStoredQuoted) const { return {"string", "2 + n"}; }
 };
 
-template <class... Functions>
-struct Overloaded : Functions... {
-    using Functions::operator()...;
+struct ToMember {
+    template <class T>
+    XStored operator()(const T& value) const
+    {
+        if constexpr (requires { XStored(value.member); })
+            return value.member;
+        else
+            return value;
+    }
+    XStored operator()(const XStoredList& list) const
+    {
+        return std::visit([](auto member) -> XStored { return member; }, list.member);
+    }
 };
 
 // The member that a row moves, as a plain row of it; one without a member stays.
 XStored MemberOf(const XStored& stored)
 {
-    return std::visit(Overloaded{[](const auto& value) -> XStored {
-                                     if constexpr (requires { XStored(value.member); })
-                                         return value.member;
-                                     else
-                                         return value;
-                                 },
-                                 [](const XStoredList& list) -> XStored {
-                                     return std::visit([](auto member) -> XStored { return member; },
-                                                       list.member);
-                                 }},
-                      stored);
+    return std::visit(ToMember{}, stored);
 }
 
 }  // namespace

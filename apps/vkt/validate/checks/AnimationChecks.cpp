@@ -89,7 +89,9 @@ void CheckCycle(const VKT::XAnimCycle& cycle, Findings& findings)
     CheckRange(cycle, cycle.GetStart(), cycle.GetEnd(), cycle.GetFramesPerSecond(), findings);
     BadValues gone;
     BadValues cut;
-    for (const auto& [id, anim] : cycle.GetBoneAnims()) {
+    for (const auto& entry : cycle.GetBoneAnims()) {
+        const VKT::u32 id = entry.first;
+        const auto& anim = entry.second;
         if (!VKT::XCast<VKT::XBone>(model.FindNode(id)))
             gone.Add([&] { return "bone " + std::to_string(id); });
         if (anim->GetNumFrames() < cycle.GetNumFrames())
