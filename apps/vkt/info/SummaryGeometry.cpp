@@ -13,13 +13,6 @@
 namespace tool {
 namespace {
 
-const char* UsageWord(VKT::u32 usage)
-{
-    constexpr const char* words[] = {"none",   "vertex",   "fogCoord", "texCoord", "colour",
-                                     "normal", "biNormal", "tangent",  "tbn"};
-    return usage < std::size(words) ? words[usage] : words[VKT::kNone];
-}
-
 void AddPolygons(GeometrySummary& out, const VKT::XPolygonMesh& mesh)
 {
     const auto& counts = mesh.GetPolyCounts();
@@ -28,8 +21,8 @@ void AddPolygons(GeometrySummary& out, const VKT::XPolygonMesh& mesh)
     for (const auto& set : mesh.GetIndexSets())
         out.indexSets.push_back({set->GetName(), set->GetNumIndices()});
     for (const auto& set : mesh.GetVertexSets())
-        out.vertexSets.push_back({set->GetName(), UsageWord(set->GetUsage()), set->GetNumElements(),
-                                  set->GetElementSize(), set->GetIndexSetName()});
+        out.vertexSets.push_back({set->GetName(), VKT::XVertexUsageName(set->GetUsage()),
+                                  set->GetNumElements(), set->GetElementSize(), set->GetIndexSetName()});
 }
 
 void AddFaces(GeometrySummary& out, const VKT::XMesh& mesh)
@@ -42,8 +35,9 @@ void AddFaces(GeometrySummary& out, const VKT::XMesh& mesh)
                      {"colourSets", colours ? colours->GetNumColourSets() : 0}};
     const VKT::XStringList& names = mesh.GetUvSetNames();
     for (VKT::u32 set = 0; set < mesh.GetNumUvSets(); ++set)
-        out.vertexSets.push_back({set < names.size() ? names[set] : VKT::XString(), UsageWord(VKT::kTexCoord),
-                                  mesh.GetTexCoords(set).size(), 2, ""});
+        out.vertexSets.push_back({set < names.size() ? names[set] : VKT::XString(),
+                                  VKT::XVertexUsageName(VKT::kTexCoord), mesh.GetTexCoords(set).size(), 2,
+                                  ""});
 }
 
 void AddControlNet(GeometrySummary& out, const VKT::XParametricSurface& surface)

@@ -1,7 +1,6 @@
 #include "types/TypeList.h"
 
 #include <algorithm>
-#include <iterator>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -13,10 +12,6 @@
 
 namespace tool {
 namespace {
-
-constexpr const char* kPropertyTypes[] = {
-    "none",   "bool", "float",      "unsigned",   "integer",     "vector",       "matrix",   "colour",
-    "string", "node", "quaternion", "floatArray", "vectorArray", "integerArray", "nodeArray"};
 
 // The classes by their ids.
 using Infos = std::map<VKT::u32, const VKT::XFnInfo*>;
@@ -114,7 +109,7 @@ PropertyRow Describe(const VKT::XPropertyInfo& row)
 {
     return {row.id,
             row.name,
-            row.type < std::size(kPropertyTypes) ? kPropertyTypes[row.type] : kPropertyTypes[0],
+            VKT::XPropertyTypeName(row.type),
             (row.flags & VKT::kAnimatable) != 0,
             (row.flags & VKT::kReadOnly) != 0,
             (row.flags & VKT::kList) != 0,

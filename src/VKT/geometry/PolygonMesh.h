@@ -44,6 +44,9 @@ enum XVertexUsage : u32 {
     kTBN = 8,
 };
 
+// "texCoord", "normal", ...; "none" for a number that is no usage.
+const char* XVertexUsageName(u32 usage);
+
 // A named table of floats that an index set indexes: `num_elements` elements of
 // `element_size` floats, element after element. Positions are not among them.
 class XVertexSet {

@@ -16,20 +16,28 @@ namespace {
 
 constexpr const char* kSource = ".\\src\\VKT\\PolygonMesh";
 
-constexpr const char* kUsageWords[] = {"kNone",   "kVertex",   "kFogCoord", "kTexCoord", "kColour",
-                                       "kNormal", "kBiNormal", "kTangent",  "kTBN"};
+struct XUsageWords {
+    const char* key;  // in files
+    const char* name;
+};
+constexpr XUsageWords kUsages[] = {
+    {"kNone", "none"},         {"kVertex", "vertex"},   {"kFogCoord", "fogCoord"},
+    {"kTexCoord", "texCoord"}, {"kColour", "colour"},   {"kNormal", "normal"},
+    {"kBiNormal", "biNormal"}, {"kTangent", "tangent"}, {"kTBN", "tbn"},
+};
+static_assert(std::size(kUsages) == kTBN + 1);
 
-const char* UsageWord(u32 usage)
+const XUsageWords& WordsOf(u32 usage)
 {
-    return usage < std::size(kUsageWords) ? kUsageWords[usage] : kUsageWords[kNone];
+    return kUsages[usage < std::size(kUsages) ? usage : kNone];
 }
 
 // An unknown word leaves the usage as it is.
 void ReadUsage(const XString& word, u32& usage)
 {
-    const auto found = std::find(std::begin(kUsageWords), std::end(kUsageWords), word);
-    if (found != std::end(kUsageWords))
-        usage = static_cast<u32>(found - std::begin(kUsageWords));
+    const auto found = std::ranges::find(kUsages, word, &XUsageWords::key);
+    if (found != std::end(kUsages))
+        usage = static_cast<u32>(found - std::begin(kUsages));
     else if (word == "kBiTangent")
         usage = kBiNormal;
 }
@@ -71,7 +79,7 @@ void WriteVertexSet(const XVertexSet& set, XTextWriter& out)
     }
     out << "\tVERTEX_SET \"" << set.GetName() << "\"\n\t{\n";
     out << "\t\tnum_elements " << numElements << "\n\t\telement_size " << size << '\n';
-    out << "\t\tusage " << UsageWord(set.GetUsage()) << '\n';
+    out << "\t\tusage " << WordsOf(set.GetUsage()).key << '\n';
     out << "\t\tindex_set \"" << set.GetIndexSetName() << "\"\n\t\telements\n";
     constexpr XRowFormat format{"\t\t\t", true};
     if (size > 0)
@@ -83,6 +91,11 @@ void WriteVertexSet(const XVertexSet& set, XTextWriter& out)
 }
 
 }  // namespace
+
+const char* XVertexUsageName(u32 usage)
+{
+    return WordsOf(usage).name;
+}
 
 bool XPolygonMesh::WriteChunk(XTextWriter& out) const
 {

@@ -8,6 +8,15 @@
 
 namespace VKT {
 
+const char* XPropertyTypeName(u32 type)
+{
+    constexpr const char* names[] = {"none",       "bool",       "float",       "unsigned",     "integer",
+                                     "vector",     "matrix",     "colour",      "string",       "node",
+                                     "quaternion", "floatArray", "vectorArray", "integerArray", "nodeArray"};
+    static_assert(std::size(names) == kPropertyNodeArray + 1);
+    return names[type < std::size(names) ? type : kPropertyNone];
+}
+
 XBase* Detail::FindNode(const XBase& node, u32 id, u32 type)
 {
     XBase* const found = node.GetModel()->FindNode(id);

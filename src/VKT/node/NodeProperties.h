@@ -26,6 +26,9 @@ enum XPropertyType : u32 {
     kPropertyNodeArray = 14,
 };
 
+// "float", "nodeArray", ...; "none" for a number that is no type.
+const char* XPropertyTypeName(u32 type);
+
 enum XPropertyFlag : u32 {
     kAnimatable = 1,
     kReadOnly = 2,

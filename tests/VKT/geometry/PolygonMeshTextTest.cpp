@@ -334,4 +334,13 @@ TEST_F(PolygonMeshText, NamesMayHoldLineEnds)
     EXPECT_EQ(other.GetIndexSets()[0]->GetName(), "two\nlines");
 }
 
+TEST(VertexUsage, EachHasANameAndOtherNumbersHaveThatOfNone)
+{
+    EXPECT_STREQ(XVertexUsageName(kVertex), "vertex");
+    EXPECT_STREQ(XVertexUsageName(kTexCoord), "texCoord");
+    EXPECT_STREQ(XVertexUsageName(kTBN), "tbn");
+    EXPECT_STREQ(XVertexUsageName(kNone), "none");
+    EXPECT_STREQ(XVertexUsageName(kTBN + 1), "none");
+}
+
 }  // namespace

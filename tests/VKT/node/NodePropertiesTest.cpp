@@ -456,4 +456,13 @@ TEST(NodeProperties, OperationsStandInTheOrderThatCallersRelyOn)
 
 #endif
 
+TEST(PropertyType, EachHasANameAndOtherNumbersHaveThatOfNone)
+{
+    EXPECT_STREQ(XPropertyTypeName(kPropertyBool), "bool");
+    EXPECT_STREQ(XPropertyTypeName(kPropertyNode), "node");
+    EXPECT_STREQ(XPropertyTypeName(kPropertyNodeArray), "nodeArray");
+    EXPECT_STREQ(XPropertyTypeName(kPropertyNone), "none");
+    EXPECT_STREQ(XPropertyTypeName(kPropertyNodeArray + 1), "none");
+}
+
 }  // namespace
