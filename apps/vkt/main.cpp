@@ -8,10 +8,13 @@
 
 namespace {
 
-// Prints what the parser stopped for. Help and version are no failures.
+// Prints what the parser stopped for. Help and version are no failures, unless they can't be
+// printed.
 int StopParsing(const CLI::App& program, const CLI::ParseError& reason)
 {
-    return program.exit(reason, std::cout, std::cerr) == 0 ? tool::kSuccess : tool::kWrongUsage;
+    if (program.exit(reason, std::cout, std::cerr) != 0)
+        return tool::kWrongUsage;
+    return std::cout.flush() ? tool::kSuccess : tool::kFailure;
 }
 
 }  // namespace

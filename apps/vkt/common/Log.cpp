@@ -1,6 +1,7 @@
 #include "common/Log.h"
 
 #include <cstdio>
+#include <utility>
 
 #include "common/Platform.h"
 #include "common/TerminalText.h"
@@ -54,8 +55,24 @@ void Log::LogString(VKT::XLogLevel level, const VKT::XString& message)
     AddLine(VKT::GetLogPrefix(level) + message);
 }
 
-void Log::AddLine(const std::string& line)
+void Log::ShowAs(std::string path, std::string name)
 {
+    m_HiddenPath = std::move(path);
+    m_ShownName = std::move(name);
+}
+
+std::string Log::Renamed(std::string line) const
+{
+    if (!m_HiddenPath.empty())
+        for (std::size_t at = 0; (at = line.find(m_HiddenPath, at)) != std::string::npos;
+             at += m_ShownName.size())
+            line.replace(at, m_HiddenPath.size(), m_ShownName);
+    return line;
+}
+
+void Log::AddLine(const std::string& told)
+{
+    const std::string line = Renamed(told);
     if (m_Verbose) {
         Print(line);
         return;
@@ -89,14 +106,6 @@ void Log::Say(std::string_view text)
 int Log::SayLoadFailed(std::string_view path, VKT::XFileResult result)
 {
     Say(Quoted(path) + " " + LoadFailure(result));
-    return result;
-}
-
-int Log::SaySaveFailed(std::string_view path, VKT::XFileResult result)
-{
-    const char* reason =
-        result == VKT::FileOpenFailed ? "cannot be written" : "could not be written to its end";
-    Say(Quoted(path) + " " + reason);
     return result;
 }
 

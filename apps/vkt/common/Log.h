@@ -31,12 +31,14 @@ public:
     // Takes a line of another logger, with its prefix.
     void AddLine(const std::string& line);
     void Flush();
+    // From now on messages show `name` wherever they hold `path`, such as that of a working
+    // file.
+    void ShowAs(std::string path, std::string name);
 
     // The tool's own words, behind all that is kept.
     void Say(std::string_view text);
-    // Says what a failed load or save came to, and answers the exit status for it.
+    // Says what a failed load came to, and answers the exit status for it.
     int SayLoadFailed(std::string_view path, VKT::XFileResult result);
-    int SaySaveFailed(std::string_view path, VKT::XFileResult result);
 
     // What is being done, for someone who waits: one line that the next output replaces.
     // Shown when standard error is a terminal and the log is not verbose.
@@ -50,11 +52,14 @@ private:
         std::size_t others = 0;
     };
 
+    std::string Renamed(std::string line) const;
     void Print(std::string_view line);
     void ClearProgress();
 
     std::vector<Kind> m_Kinds;
     std::unordered_map<std::string, std::size_t> m_KindByPattern;
+    std::string m_HiddenPath;  // empty for none
+    std::string m_ShownName;
     bool m_Verbose = false;
     bool m_ShowsProgress = false;
 };

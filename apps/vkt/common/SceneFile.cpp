@@ -12,8 +12,28 @@
 
 namespace tool {
 
+int CheckInput(const std::string& path, Log& log)
+{
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    std::string reason;
+    if (!fs::exists(status))
+        reason = " cannot be opened: " + ReasonOf(error);
+    else if (fs::is_directory(status))
+        reason = " is a folder";
+    else if (fs::is_regular_file(status) && fs::file_size(path, error) == 0)
+        reason = " is empty";
+    if (reason.empty())
+        return 0;
+    log.Say(Quoted(path) + reason);
+    return fs::is_regular_file(status) ? VKT::FileNotVkt : VKT::FileOpenFailed;
+}
+
 int LoadScene(VKT::XModel& model, const std::string& path, Log& log, bool loadCycles)
 {
+    if (const int failure = CheckInput(path, log))
+        return failure;
     log.ShowProgress("reading " + path);
     const VKT::XFileResult result = model.Load(path.c_str(), loadCycles);
     return result == VKT::FileOk ? 0 : log.SayLoadFailed(path, result);

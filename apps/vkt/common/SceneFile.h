@@ -19,6 +19,10 @@ namespace tool {
 
 class Log;
 
+// What can be said of a file before it is read: that there is none, that it is a folder, or
+// empty. Answers 0, or the exit status after a message.
+int CheckInput(const std::string& path, Log& log);
+
 // Loads a scene file, and says so when that fails. Answers 0, or the exit status.
 int LoadScene(VKT::XModel& model, const std::string& path, Log& log, bool loadCycles = true);
 

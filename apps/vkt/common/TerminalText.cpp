@@ -87,6 +87,14 @@ std::string Counted(std::size_t count, std::string_view thing)
     return count == 1 ? out : out + "s";
 }
 
+std::string ReasonOf(const std::error_code& error)
+{
+    std::string reason = error.message();
+    if (!reason.empty() && reason[0] >= 'A' && reason[0] <= 'Z')
+        reason[0] = static_cast<char>(reason[0] - 'A' + 'a');
+    return reason;
+}
+
 std::string ShortNumber(double number)
 {
     char text[32];

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace tool {
 
@@ -18,6 +19,8 @@ std::string Quoted(std::string_view text);
 std::string Bracketed(std::size_t place);
 // "1 point", "2 points".
 std::string Counted(std::size_t count, std::string_view thing);
+// What the system says, to stand behind a colon: "permission denied".
+std::string ReasonOf(const std::error_code& error);
 // Six digits: "0.25", "1e+20".
 std::string ShortNumber(double number);
 

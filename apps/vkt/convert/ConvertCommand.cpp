@@ -6,7 +6,7 @@
 #include "VKT/document/Model.h"
 #include "common/Command.h"
 #include "common/Log.h"
-#include "common/ReplacedFile.h"
+#include "common/OutputFile.h"
 #include "common/SceneFile.h"
 #include "common/TerminalText.h"
 
@@ -47,26 +47,22 @@ void SayDropped(const std::string& path, const char* what, VKT::u32 count,
                 (log.IsVerbose() ? "" : " (--verbose lists them)"));
 }
 
-int Save(VKT::XModel& model, const std::string& path, Log& log)
+int Save(VKT::XModel& model, const OutputFile& out, Log& log)
 {
-    ReplacedFile file(path);
-    if (!file.Create())
-        return log.SaySaveFailed(path, VKT::FileOpenFailed);
-    log.ShowProgress("writing " + path);
-    const VKT::XFileResult result = model.Save(file.GetWorkingPath().c_str());
-    if (result != VKT::FileOk)
-        return log.SaySaveFailed(path, result);
-    log.Flush();
-    if (file.Commit())
-        return kSuccess;
-    log.Say(Quoted(path) + " cannot be replaced");
-    return kFailure;
+    log.ShowProgress("writing " + out.GetPath());
+    return out.Replace(log, [&](const std::string& path) {
+        const VKT::XFileResult result = model.Save(path.c_str());
+        return result == VKT::FileOk ? kSuccess : out.SayWriteFailed(path, result, log);
+    });
 }
 
 int Convert(const ConvertRequest& request, Log& log)
 {
     log.SetVerbose(request.verbose);
-    const FileForm form = FormFor(request);  // asked first: OUT may be IN
+    const OutputFile out(request.out);
+    if (const int refusal = out.Check(request.in, true, log))
+        return refusal;
+    const FileForm form = FormFor(request);
     VKT::XModel model;
     if (const int failure = LoadScene(model, request.in, log, !request.noCycles))
         return failure;
@@ -81,7 +77,7 @@ int Convert(const ConvertRequest& request, Log& log)
     } else {
         model.GetSaveFlags().Clear(VKT::SaveAscii);
     }
-    return Save(model, request.out, log);
+    return Save(model, out, log);
 }
 
 }  // namespace

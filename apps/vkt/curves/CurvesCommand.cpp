@@ -12,7 +12,7 @@
 #include "common/Command.h"
 #include "common/Log.h"
 #include "common/Output.h"
-#include "common/ReplacedFile.h"
+#include "common/OutputFile.h"
 #include "common/SceneFile.h"
 #include "common/TerminalText.h"
 #include "curves/Plot.h"
@@ -83,26 +83,22 @@ std::string EmptinessOf(const VKT::XModel& model, const CurvesRequest& request,
     return name + " does not animate " + Quoted(*request.node);
 }
 
-int Write(const std::string& text, const std::string& path, Log& log)
+int Write(const std::string& text, const OutputFile& out, Log& log)
 {
-    ReplacedFile file(path);
-    if (!file.Create())
-        return log.SaySaveFailed(path, VKT::FileOpenFailed);
-    std::FILE* const stream = std::fopen(file.GetWorkingPath().c_str(), "wb");
-    if (!stream)
-        return log.SaySaveFailed(path, VKT::FileOpenFailed);
-    const bool isWhole = std::fwrite(text.data(), 1, text.size(), stream) == text.size();
-    if ((std::fclose(stream) != 0) | !isWhole)
-        return log.SaySaveFailed(path, VKT::FileCorrupt);
-    if (file.Commit())
-        return kSuccess;
-    log.Say(Quoted(path) + " cannot be replaced");
-    return kFailure;
+    return out.Replace(log, [&](const std::string& path) {
+        std::FILE* const stream = std::fopen(path.c_str(), "wb");
+        bool isWhole = stream && std::fwrite(text.data(), 1, text.size(), stream) == text.size();
+        isWhole = stream && std::fclose(stream) == 0 && isWhole;
+        return isWhole ? kSuccess : out.SayWriteFailed(path, VKT::FileCorrupt, log);
+    });
 }
 
 int DrawCurves(const CurvesRequest& request, Log& log)
 {
     log.SetVerbose(request.verbose);
+    const OutputFile out(request.out);
+    if (const int refusal = out.Check(request.file, false, log))
+        return refusal;
     VKT::XModel model;
     if (const int failure = LoadScene(model, request.file, log))
         return failure;
@@ -120,7 +116,7 @@ int DrawCurves(const CurvesRequest& request, Log& log)
                 Counted(plot.panels.size() + plot.numHiddenPanels, "attribute") +
                 " are drawn (--node draws those of one node)");
     log.Flush();
-    return Write(ToSvg(plot), request.out, log);
+    return Write(ToSvg(plot), out, log);
 }
 
 CLI::Validator IsSvgPath()

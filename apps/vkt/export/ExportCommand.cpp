@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -10,12 +11,14 @@
 #include "VKT/document/Model.h"
 #include "common/Command.h"
 #include "common/Log.h"
+#include "common/MessageCatcher.h"
 #include "common/Output.h"
-#include "common/ReplacedFile.h"
+#include "common/OutputFile.h"
 #include "common/SceneFile.h"
 #include "common/TerminalText.h"
 #include "export/ExportReport.h"
 #include "export/HostSession.h"
+#include "export/ReaderWarnings.h"
 #include "host/app/HeadlessHost.h"
 #include "host/io/BuildScene.h"
 #include "host/io/SceneReader.h"
@@ -34,28 +37,21 @@ struct ExportRequest {
     bool verbose = false;
 };
 
-// What a scene file holds beside the host's scene that was built of it.
-struct SceneContent {
-    ExportLoss warnings;
-    std::size_t materials = 0;
-    std::size_t animations = 0;
-};
-
-// Reads the file into the host's scene. False after a message.
-bool OpenScene(const std::string& path, SceneContent& content, Log& log)
+// Reads the file into the host's scene. None after a message.
+std::optional<SceneContent> OpenScene(const std::string& path, Log& log)
 {
     log.ShowProgress("reading " + path);
     io::ReadResult read = io::ReadSceneFile(path);
     if (!read.Succeeded()) {
         log.Say(read.error);
-        return false;
+        return std::nullopt;
     }
     io::BuildReport built = io::BuildScene(read.scene);
-    content.warnings = {"warnings of the reader", std::move(read.scene.warnings)};
-    std::move(built.warnings.begin(), built.warnings.end(), std::back_inserter(content.warnings.lines));
-    content.materials = read.scene.materials.size();
-    content.animations = read.scene.animations.size();
-    return true;
+    SceneContent content{.warnings = std::move(read.scene.warnings),
+                         .materials = read.scene.materials.size(),
+                         .animations = read.scene.animations.size()};
+    std::move(built.warnings.begin(), built.warnings.end(), std::back_inserter(content.warnings));
+    return content;
 }
 
 // Selects the nodes of those names, all of a name where several bear it. False after a
@@ -81,26 +77,18 @@ bool SelectNodes(const std::vector<std::string>& names, Log& log)
     return missing.empty();
 }
 
-// What a document's file came to is known by reading it alone.
-int LoadResult(const ReplacedFile& file, const std::string& out, VKT::XModel& document, Log& log)
+// Reads the written file: what an export came to is known by that alone. Of a file that a
+// full disk cut off, the disk is told, not all that the cut brings about.
+int Load(VKT::XModel& document, const OutputFile& out, const std::string& path, Log& log)
 {
-    log.ShowProgress("checking " + out);
-    const VKT::XFileResult result = document.Load(file.GetWorkingPath().c_str());
-    return result == VKT::FileOk ? kSuccess : log.SaySaveFailed(out, result);
-}
-
-// Kinds of things that the scene holds and the document does not at all.
-ExportLoss FindAbsent(const SceneContent& content, const VKT::XModel& document)
-{
-    ExportLoss out{"kinds that were not exported", {}};
-    const auto check = [&](std::size_t count, VKT::u32 type, const char* what) {
-        VKT::XNodeList exported;
-        if (count > 0 && !document.List(exported, type))
-            out.lines.push_back(Counted(count, what));
-    };
-    check(content.materials, VKT::kFnMaterial, "material");
-    check(content.animations, VKT::kFnAnimationTake, "animation");
-    return out;
+    log.ShowProgress("checking " + out.GetPath());
+    MessageCatcher messages;
+    const VKT::XFileResult result = document.Load(path.c_str());
+    const bool isDiskFull = result != VKT::FileOk && OutputFile::TryMore(path);
+    for (const auto& [level, text] : messages.Messages())
+        if (log.IsVerbose() || (level != VKT::kInfo && !isDiskFull))
+            log.LogString(level, text);
+    return result == VKT::FileOk ? kSuccess : out.SayWriteFailed(path, result, log);
 }
 
 std::string Report(const ExportRequest& request, const VKT::XModel& document, const SceneContent& content)
@@ -109,7 +97,8 @@ std::string Report(const ExportRequest& request, const VKT::XModel& document, co
     std::vector<ExportLoss> findings =
         FindLosses(*HeadlessHost::Get().GetInterface().GetRootNode(), document, !request.selected.empty());
     findings.push_back(FindAbsent(content, document));
-    findings.push_back(content.warnings);
+    findings.push_back({"warnings of the reader", content.warnings.size(),
+                        request.verbose ? content.warnings : FoldWarnings(content.warnings)});
     for (const ExportLoss& finding : findings)
         if (!finding.lines.empty())
             out += ToText(finding, request.verbose);
@@ -122,34 +111,40 @@ bool CanPluginName(const std::string& path)
     return std::filesystem::path::preferred_separator == '\\' || path.find('\\') == std::string::npos;
 }
 
+int Write(HostSession& session, const ExportRequest& request, const OutputFile& out, VKT::XModel& document,
+          Log& log)
+{
+    return out.Replace(log, [&](const std::string& path) {
+        if (!CanPluginName(path)) {
+            log.Say("the plug-in cannot write to a folder with \\ in its name: " + Quoted(request.out));
+            return static_cast<int>(kFailure);
+        }
+        log.ShowProgress("exporting " + request.out);
+        if (!session.Export(path, !request.selected.empty()))
+            return static_cast<int>(kFailure);
+        return Load(document, out, path, log);
+    });
+}
+
 int Export(const ExportRequest& request, Log& log)
 {
     log.SetVerbose(request.verbose);
+    const OutputFile out(request.out);
+    if (const int refusal = out.Check(request.scene, false, log))
+        return refusal;
+    if (CheckInput(request.scene, log) != 0)
+        return kFailure;
     HostSession session(log);
-    SceneContent content;
-    if (!session.LoadPlugin(request.plugin) || !OpenScene(request.scene, content, log) ||
-        !SelectNodes(request.selected, log))
+    if (!session.LoadPlugin(request.plugin))
         return kFailure;
-
-    ReplacedFile file(request.out);
-    if (!file.Create())
-        return log.SaySaveFailed(request.out, VKT::FileOpenFailed);
-    if (!CanPluginName(file.GetWorkingPath())) {
-        log.Say("the plug-in cannot write to a folder with \\ in its name: " + file.GetWorkingPath());
-        return kFailure;
-    }
-    log.ShowProgress("exporting " + request.out);
-    if (!session.Export(file.GetWorkingPath(), !request.selected.empty()))
+    const std::optional<SceneContent> content = OpenScene(request.scene, log);
+    if (!content || !SelectNodes(request.selected, log))
         return kFailure;
     VKT::XModel document;
-    if (const int status = LoadResult(file, request.out, document, log); status != kSuccess)
+    if (const int status = Write(session, request, out, document, log))
         return status;
-    if (!file.Commit()) {
-        log.Say(Quoted(request.out) + " cannot be replaced");
-        return kFailure;
-    }
     log.Flush();
-    return WriteResult(Report(request, document, content)) ? kSuccess : kFailure;
+    return WriteResult(Report(request, document, *content)) ? kSuccess : kFailure;
 }
 
 }  // namespace

@@ -12,54 +12,13 @@
 #include "VKT/geometry/PolygonMesh.h"
 #include "VKT/hierarchy/Bone.h"
 #include "common/TerminalText.h"
+#include "export/BoneMatch.h"
 #include "export/TransformLoss.h"
 
 namespace tool {
 namespace {
 
 constexpr std::size_t kShownLines = 10;
-
-using VKT::XBone;
-
-// The nodes that an export covers, depth first, children in order, parents first.
-std::vector<PlacedNode> ListExported(INode& root, bool selectedOnly)
-{
-    std::vector<PlacedNode> out;
-    std::vector<PlacedNode> pending{{&root, -1}};
-    while (!pending.empty()) {
-        const PlacedNode next = pending.back();
-        pending.pop_back();
-        int place = -1;
-        if (!selectedOnly || next.node->Selected()) {
-            place = static_cast<int>(out.size());
-            out.push_back(next);
-        }
-        for (int i = next.node->NumberOfChildren() - 1; i >= 0; --i)
-            pending.push_back({next.node->GetChildNode(i), place});
-    }
-    return out;
-}
-
-// The bones by place of their nodes. The exporter makes them in the order of the list, so
-// that their ids ascend with it; empty when the document does not look like that.
-std::vector<const XBone*> MatchBones(const std::vector<PlacedNode>& nodes, const VKT::XModel& document)
-{
-    VKT::XNodeList listed;
-    document.List(listed, VKT::kFnBone);
-    std::vector<const XBone*> bones;
-    for (const VKT::XBase* node : listed)
-        bones.push_back(VKT::XCast<XBone>(node));
-    std::sort(bones.begin(), bones.end(),
-              [](const XBone* a, const XBone* b) { return a->GetID() < b->GetID(); });
-    if (bones.size() != nodes.size())
-        return {};
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-        const int parent = nodes[i].parent;
-        if (bones[i]->GetParentId() != (parent < 0 ? 0 : bones[static_cast<std::size_t>(parent)]->GetID()))
-            return {};
-    }
-    return bones;
-}
 
 Object* ShownObject(INode& node)
 {
@@ -73,42 +32,44 @@ bool HasNoPoints(Object& object)
     return object.ClassID() == polyObjectClassID && static_cast<PolyObject&>(object).mm.numv == 0;
 }
 
-// Why a node without a shape has none; empty when it shows nothing that could be one.
-std::string ReasonFor(Object* object, const std::unordered_map<Object*, INode*>& shapeNodes)
+// What a node shows; empty when that is nothing that could be a shape. Whatever the reason,
+// a node without a shape does not show it any more.
+std::string LeftOut(Object& object)
 {
-    if (!object)
-        return {};
-    if (const auto shared = shapeNodes.find(object); shared != shapeNodes.end())
-        return "shares the object of " + Quoted(shared->second->GetName()) + ", which has the shape";
-    switch (object->SuperClassID()) {
+    switch (object.SuperClassID()) {
         case GEOMOBJECT_CLASS_ID:
-            if (object->IsSubClassOf(BONE_OBJ_CLASSID))
+            if (object.IsSubClassOf(BONE_OBJ_CLASSID))
                 return {};
-            return HasNoPoints(*object) ? "its object has no points" : "its kind of geometry is not exported";
+            return HasNoPoints(object) ? "its object has no points" : "its geometry is left out";
         case SHAPE_CLASS_ID:
-            return "splines are not exported";
+            return "its spline is left out";
         case CAMERA_CLASS_ID:
-            return "its camera is not exported";
+            return "its camera is left out";
         case LIGHT_CLASS_ID:
-            return "its light is not exported";
+            return "its light is left out";
         default:
             return {};
     }
 }
 
-ExportLoss FindSkipped(const std::vector<PlacedNode>& nodes, const std::vector<const XBone*>& bones)
+ExportLoss FindSkipped(const std::vector<PlacedNode>& nodes)
 {
     std::unordered_map<Object*, INode*> shapeNodes;
-    for (std::size_t i = 0; i < nodes.size(); ++i)
-        if (!bones[i]->GetInstanceIds().empty())
-            shapeNodes.emplace(ShownObject(*nodes[i].node), nodes[i].node);
-    ExportLoss out{"nodes without a shape", {}};
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-        if (!bones[i]->GetInstanceIds().empty())
+    for (const PlacedNode& placed : nodes)
+        if (!placed.bone->GetInstanceIds().empty())
+            shapeNodes.emplace(ShownObject(*placed.node), placed.node);
+    ExportLoss out{"nodes without a shape"};
+    for (const PlacedNode& placed : nodes) {
+        Object* const object = ShownObject(*placed.node);
+        if (!object || !placed.bone->GetInstanceIds().empty())
             continue;
-        const std::string reason = ReasonFor(ShownObject(*nodes[i].node), shapeNodes);
+        const auto shared = shapeNodes.find(object);
+        const std::string reason =
+            shared == shapeNodes.end()
+                ? LeftOut(*object)
+                : "shares the object of " + Quoted(shared->second->GetName()) + ", which has the shape";
         if (!reason.empty())
-            out.lines.push_back(Quoted(nodes[i].node->GetName()) + ": " + reason);
+            out.Add(Quoted(placed.node->GetName()) + ": " + reason);
     }
     return out;
 }
@@ -118,10 +79,10 @@ ExportLoss FindBentTransforms(const std::vector<PlacedNode>& nodes)
     constexpr const char* reasons[] = {"", ": a node above it is scaled to nothing",
                                        ": a node above it is mirrored", ": is sheared"};
     const std::vector<TransformLoss> losses = FindTransformLosses(nodes);
-    ExportLoss out{"transforms that the format cannot carry", {}};
+    ExportLoss out{"transforms that the format cannot carry"};
     for (std::size_t i = 0; i < nodes.size(); ++i)
         if (losses[i] != TransformLoss::None)
-            out.lines.push_back(Quoted(nodes[i].node->GetName()) + reasons[static_cast<int>(losses[i])]);
+            out.Add(Quoted(nodes[i].node->GetName()) + reasons[static_cast<int>(losses[i])]);
     return out;
 }
 
@@ -129,15 +90,29 @@ ExportLoss FindBentTransforms(const std::vector<PlacedNode>& nodes)
 
 std::vector<ExportLoss> FindLosses(INode& root, const VKT::XModel& document, bool selectedOnly)
 {
-    const std::vector<PlacedNode> nodes = ListExported(root, selectedOnly);
-    const std::vector<const XBone*> bones = MatchBones(nodes, document);
-    std::vector<ExportLoss> out;
-    if (bones.size() == nodes.size())
-        out.push_back(FindSkipped(nodes, bones));
-    else
-        out.push_back({"the hierarchy of the document differs from that of the scene",
-                       {"what was skipped cannot be told"}});
-    out.push_back(FindBentTransforms(nodes));
+    const BoneMatch match = MatchBones(root, document, selectedOnly);
+    ExportLoss missing{"nodes that the document does not hold"};
+    for (INode* node : match.missing)
+        missing.Add(Quoted(node->GetName()));
+    return {std::move(missing), FindSkipped(match.nodes), FindBentTransforms(match.nodes)};
+}
+
+ExportLoss FindAbsent(const SceneContent& content, const VKT::XModel& document)
+{
+    ExportLoss out{"kinds that were not exported"};
+    const auto check = [&](std::size_t count, std::size_t exported, const char* what) {
+        if (exported == 0 && count > 0)
+            out.Add(Counted(count, what));
+        else if (exported < count)
+            out.Add(std::to_string(count - exported) + " of " + Counted(count, what));
+    };
+    VKT::XNodeList materials;
+    document.List(materials, VKT::kFnMaterial);
+    VKT::XNodeList takes;
+    document.List(takes, VKT::kFnAnimationTake);
+    check(content.materials, materials.size(), "material");
+    // A take holds all that moves in the host, of however many animations.
+    check(content.animations, takes.empty() ? 0 : content.animations, "animation");
     return out;
 }
 
@@ -162,7 +137,7 @@ std::string DescribeDocument(const VKT::XModel& document)
 
 std::string ToText(const ExportLoss& finding, bool complete)
 {
-    std::string out = CleanText(finding.title) + ": " + std::to_string(finding.lines.size()) + "\n";
+    std::string out = CleanText(finding.title) + ": " + std::to_string(finding.count) + "\n";
     const std::size_t shown = complete ? finding.lines.size() : std::min(kShownLines, finding.lines.size());
     for (std::size_t i = 0; i < shown; ++i)
         out += "  " + CleanText(finding.lines[i]) + "\n";

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 class INode;
@@ -14,7 +16,21 @@ namespace tool {
 // Lines under a title, such as the nodes that one thing is true of.
 struct ExportLoss {
     std::string title;
-    std::vector<std::string> lines;
+    std::size_t count = 0;  // one line may stand for several
+    std::vector<std::string> lines = {};
+
+    void Add(std::string line)
+    {
+        ++count;
+        lines.push_back(std::move(line));
+    }
+};
+
+// What a scene file holds beside the nodes of the host's scene.
+struct SceneContent {
+    std::vector<std::string> warnings = {};  // of what read it and built the host's scene
+    std::size_t materials = 0;
+    std::size_t animations = 0;
 };
 
 // What of the host's scene did not become part of the document that was written of it:
@@ -22,6 +38,9 @@ struct ExportLoss {
 // Findings without lines are good news.
 // `selectedOnly` as the export was told.
 std::vector<ExportLoss> FindLosses(INode& root, const VKT::XModel& document, bool selectedOnly);
+
+// Kinds of things of which the scene holds more than the document.
+ExportLoss FindAbsent(const SceneContent& content, const VKT::XModel& document);
 
 // What the document holds, in one line.
 std::string DescribeDocument(const VKT::XModel& document);

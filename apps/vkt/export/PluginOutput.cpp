@@ -23,6 +23,17 @@ PluginOutput::~PluginOutput()
         PassOn();
 }
 
+namespace {
+
+// The exporter's walk hangs each bone under its parent a second time, which the library
+// refuses with this line: it says nothing of the scene.
+bool ComesByRule(const std::string& line)
+{
+    return line.rfind("Error : Cannot add \"", 0) == 0;
+}
+
+}  // namespace
+
 void PluginOutput::PassOn()
 {
     std::rewind(m_Kept.get());
@@ -32,10 +43,16 @@ void PluginOutput::PassOn()
             line += static_cast<char>(c);
             continue;
         }
-        m_Log.AddLine(line);
+        Take(line);
         line.clear();
     }
     if (!line.empty())
+        Take(line);
+}
+
+void PluginOutput::Take(const std::string& line)
+{
+    if (!ComesByRule(line))
         m_Log.AddLine(line);
 }
 

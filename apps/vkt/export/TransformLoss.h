@@ -2,15 +2,9 @@
 
 #include <vector>
 
-class INode;
+#include "export/BoneMatch.h"
 
 namespace tool {
-
-// A node of the host as a bone of the document: parents stand before their children.
-struct PlacedNode {
-    INode* node = nullptr;
-    int parent = -1;  // place of its parent in the list, -1 when that is not exported
-};
 
 // What the scene format cannot carry of a node's transform. A bone turns, moves and
 // scales along its own axes; it neither shears nor mirrors. A mirror of the node itself

@@ -78,6 +78,40 @@ TEST_F(Usage, WrongUsageIs64AndExplainedOnStandardError)
     EXPECT_EQ(ListFiles(), "");
 }
 
+TEST_F(Usage, HelpThatCannotBePrintedIsAFailure)
+{
+    for (const std::string what : {"--help", "--version", "info --help"})
+        EXPECT_EQ(RunProgram("/bin/sh", {"-c", "exec " VKT_TOOL_PATH " " + what + " > /dev/full"}).status, 1)
+            << what;
+}
+
+TEST_F(Usage, InputThatIsAFolderOrEmptyIsToldSo)
+{
+    std::filesystem::create_directory(PathOf("folder.vkt"));
+    std::filesystem::create_directory(PathOf("folder.gltf"));
+    WriteFile("empty.vkt", "");
+    WriteFile("empty.gltf", "");
+    const auto expect = [&](const std::vector<std::string>& arguments, const std::string& error, int status) {
+        const ToolResult result = Run(arguments);
+        EXPECT_EQ(result.status, status) << arguments[0];
+        EXPECT_EQ(result.out, "") << arguments[0];
+        EXPECT_EQ(result.err, "vkt: " + error + "\n") << arguments[0];
+    };
+    for (const std::string command : {"info", "tree", "validate"}) {
+        expect({command, "folder.vkt"}, "\"folder.vkt\" is a folder", 3);
+        expect({command, "empty.vkt"}, "\"empty.vkt\" is empty", 5);
+        expect({command, "missing.vkt"}, "\"missing.vkt\" cannot be opened: no such file or directory", 3);
+    }
+    expect({"diff", "folder.vkt", "empty.vkt"}, "\"folder.vkt\" is a folder", 3);
+    expect({"diff", "empty.vkt", "folder.vkt"}, "\"empty.vkt\" is empty", 5);
+    expect({"convert", "folder.vkt", "out.vkt"}, "\"folder.vkt\" is a folder", 3);
+    expect({"convert", "empty.vkt", "out.vkt"}, "\"empty.vkt\" is empty", 5);
+    expect({"curves", "folder.vkt", "-o", "out.svg"}, "\"folder.vkt\" is a folder", 3);
+    expect({"curves", "empty.vkt", "-o", "out.svg"}, "\"empty.vkt\" is empty", 5);
+    expect({"export", "folder.gltf", "out.vkt"}, "\"folder.gltf\" is a folder", 1);
+    expect({"export", "empty.gltf", "out.vkt"}, "\"empty.gltf\" is empty", 1);
+}
+
 TEST_F(Usage, AnUnknownWordIsNamed)
 {
     EXPECT_NE(Run({"frobnicate"}).err.find("frobnicate"), std::string::npos);

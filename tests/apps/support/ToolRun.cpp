@@ -1,8 +1,10 @@
 #include "apps/support/ToolRun.h"
 
 #include <fcntl.h>
+#include <linux/capability.h>
 #include <poll.h>
 #include <stdlib.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -43,6 +45,9 @@ Channel OpenTerminal()
         _exit(126);
     if (!options.temporaryFiles.empty())
         setenv("TMPDIR", options.temporaryFiles.c_str(), 1);
+    // A superuser's program gets every capability that this set holds; others have none.
+    if (options.obeysPermissions)
+        prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE, 0, 0, 0);
     std::vector<char*> argv{const_cast<char*>(program.c_str())};
     for (const std::string& argument : arguments)
         argv.push_back(const_cast<char*>(argument.c_str()));

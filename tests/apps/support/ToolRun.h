@@ -18,6 +18,7 @@ struct ToolOptions {
     std::string folder = {};          // to run in, the tests' own when empty
     std::string temporaryFiles = {};  // TMPDIR, unchanged when empty
     bool terminal = false;            // standard error is a terminal
+    bool obeysPermissions = false;    // also when the tests are run by a superuser
 };
 
 ToolResult RunProgram(const std::string& program, const std::vector<std::string>& arguments,
