@@ -6,7 +6,7 @@
 #include "host/app/HeadlessHost.h"
 #include "host/app/ModuleFile.h"
 #include "host/core/Scene.h"
-#include "iparamb2.h"
+#include "plugapi.h"
 #include "units.h"
 
 using maxhost::HeadlessHost;
@@ -61,10 +61,12 @@ void SetTicksPerFrame(int ticks)
     HeadlessHost::Get().GetScene().SetTicksPerFrame(ticks);
 }
 
-const MCHAR* ClassDesc2::GetRsrcString(INT_PTR id)
+MCHAR* ClassDesc::GetRsrcString(INT_PTR id)
 {
     static char text[256];
-    return LoadString(HInstance(), static_cast<UINT>(id), text, sizeof text) > 0 ? text : "";
+    if (LoadString(HInstance(), static_cast<UINT>(id), text, sizeof text) <= 0)
+        text[0] = '\0';
+    return text;
 }
 
 #ifndef _WIN32

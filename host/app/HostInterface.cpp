@@ -46,9 +46,10 @@ INode* HostInterface::CreateObjectNode(Object* object)
     return &m_Host.GetScene().AddNode(object);
 }
 
-void HostInterface::DeleteNode(INode* node, BOOL, BOOL)
+unsigned int HostInterface::DeleteNode(INode* node, BOOL, BOOL)
 {
     m_Host.GetScene().RemoveNode(*static_cast<Node*>(node));
+    return TRUE;
 }
 
 void* HostInterface::CreateInstance(SClass_ID superClass, Class_ID classID)

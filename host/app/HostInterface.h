@@ -23,7 +23,7 @@ public:
     INode* GetRootNode() override;
     INode* GetINodeByName(const MCHAR* name) override;
     INode* CreateObjectNode(Object* object) override;
-    void DeleteNode(INode* node, BOOL redraw, BOOL overrideSlaves) override;
+    unsigned int DeleteNode(INode* node, BOOL redraw, BOOL overrideSlaves) override;
     void* CreateInstance(SClass_ID superClass, Class_ID classID) override;
 
     int GetSelNodeCount() override;

@@ -186,6 +186,7 @@ IBezFloatKey MakeKey(TimeValue time, float value, int tangents)
     IBezFloatKey key;
     key.time = time;
     key.val = value;
+    LevelTangents(key, 1.0f);
     SetInTanType(key.flags, tangents);
     SetOutTanType(key.flags, tangents);
     return key;

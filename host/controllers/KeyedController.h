@@ -29,6 +29,10 @@ public:
         return id == I_KEYCONTROL ? static_cast<IKeyControl*>(this) : Control::GetInterface(id);
     }
     using Control::GetInterface;
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override
+    {
+        return REF_SUCCEED;
+    }
 
     void GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod method) override
     {
@@ -63,7 +67,7 @@ public:
     int GetNumKeys() override { return static_cast<int>(m_Keys.size()); }
     void SetNumKeys(int n) override
     {
-        m_Keys.resize(static_cast<std::size_t>(std::max(n, 0)));
+        m_Keys.resize(static_cast<std::size_t>(std::max(n, 0)), FreshKey());
         m_Sorted = false;
         Changed();
     }
@@ -113,13 +117,22 @@ private:
                              right + 1 != m_Keys.end() ? &*(right + 1) : nullptr, t);
     }
 
+    // The SDK's keys come with their values unset.
+    static Key FreshKey()
+    {
+        Key key;
+        key.val = Kind::Neutral();
+        Kind::LevelTangents(key);
+        return key;
+    }
+
     void PutKey(TimeValue t, const Value& value)
     {
         SortKeys();
         auto place = std::lower_bound(m_Keys.begin(), m_Keys.end(), t,
                                       [](const Key& key, TimeValue time) { return key.time < time; });
         if (place == m_Keys.end() || place->time != t) {
-            place = m_Keys.insert(place, Key());
+            place = m_Keys.insert(place, FreshKey());
             place->time = t;
         }
         place->val = value;
@@ -133,6 +146,14 @@ private:
     bool m_Sorted = true;
 };
 
+// No slope, and handles of a third of the segment.
+template <class Key, class Value>
+void LevelTangents(Key& key, const Value& one)
+{
+    key.intan = key.outtan = one * 0.0f;
+    key.inLength = key.outLength = one / 3.0f;
+}
+
 // Straight lines between keys.
 struct LinearFloatKind {
     using Key = ILinFloatKey;
@@ -141,6 +162,7 @@ struct LinearFloatKind {
     static constexpr const char* kName = "Linear Float";
     static Class_ID GetClassID() { return Class_ID(LININTERP_FLOAT_CLASS_ID, 0); }
     static float Neutral() { return 0.0f; }
+    static void LevelTangents(Key&) {}  // it has none
     static void Apply(void* val, float value) { *static_cast<float*>(val) += value; }
     static float Moved(float value, float by) { return value + by; }
     static float Shifted(float value, float from, float to) { return value + (to - from); }
@@ -154,6 +176,7 @@ struct BezierFloatKind {
     static constexpr const char* kName = "Bezier Float";
     static Class_ID GetClassID() { return Class_ID(HYBRIDINTERP_FLOAT_CLASS_ID, 0); }
     static float Neutral() { return 0.0f; }
+    static void LevelTangents(Key& key) { maxhost::LevelTangents(key, 1.0f); }
     static void Apply(void* val, float value) { *static_cast<float*>(val) += value; }
     static float Moved(float value, float by) { return value + by; }
     static float Shifted(float value, float from, float to) { return value + (to - from); }
@@ -168,6 +191,7 @@ struct BezierPositionKind {
     static constexpr const char* kName = "Bezier Position";
     static Class_ID GetClassID() { return Class_ID(HYBRIDINTERP_POSITION_CLASS_ID, 0); }
     static Point3 Neutral() { return Point3(0, 0, 0); }
+    static void LevelTangents(Key& key) { maxhost::LevelTangents(key, Point3(1, 1, 1)); }
     static Point3 Moved(const Point3& value, const Point3& by) { return value + by; }
     static void Apply(void* val, const Point3& value) { static_cast<Matrix3*>(val)->PreTranslate(value); }
     static Point3 Shifted(const Point3& value, const Point3& from, const Point3& to)
@@ -186,6 +210,7 @@ struct BezierScaleKind {
     static constexpr const char* kName = "Bezier Scale";
     static Class_ID GetClassID() { return Class_ID(HYBRIDINTERP_SCALE_CLASS_ID, 0); }
     static ScaleValue Neutral() { return ScaleValue(Point3(1, 1, 1)); }
+    static void LevelTangents(Key& key) { maxhost::LevelTangents(key, Point3(1, 1, 1)); }
     static ScaleValue Moved(const ScaleValue& value, const ScaleValue& by)
     {
         return ScaleValue(value.s * by.s, value.q);

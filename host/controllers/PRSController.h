@@ -22,7 +22,6 @@ public:
     MSTR SubAnimName(int i) override;
     int NumRefs() override { return 3; }
     RefTargetHandle GetReference(int i) override { return GetPart(i); }
-    void SetReference(int i, RefTargetHandle target) override;
     RefResult NotifyRefChanged(Interval changed, RefTargetHandle, PartID& part, RefMessage message) override;
 
     Control* GetPositionController() override { return m_Position.Get(); }
@@ -37,6 +36,7 @@ public:
     void SetValue(TimeValue t, void* val, int commit, GetSetMethod method) override;
 
 private:
+    void SetReference(int i, RefTargetHandle target) override;
     Control* GetPart(int i);
     BOOL Replace(int i, Control* controller, SClass_ID superClass);
 

@@ -16,7 +16,6 @@ public:
     MSTR SubAnimName(int i) override;
     int NumRefs() override { return 3; }
     RefTargetHandle GetReference(int i) override { return GetAxis(i); }
-    void SetReference(int i, RefTargetHandle target) override;
     RefResult NotifyRefChanged(Interval changed, RefTargetHandle, PartID& part, RefMessage message) override;
 
     Control* GetXController() override { return GetAxis(0); }
@@ -30,6 +29,7 @@ protected:
     void SetAxes(TimeValue t, Point3 values);
 
 private:
+    void SetReference(int i, RefTargetHandle target) override;
     Control* GetAxis(int i) { return m_Axes[static_cast<std::size_t>(i)].Get(); }
 
     const char* m_What;  // "Position" and so on, for the names of the parts

@@ -71,6 +71,13 @@ void Matrix3::SetRow(int i, Point3 p)
     ClearIdentFlag(i == 3 ? POS_IDENT : ROT_IDENT | SCL_IDENT);
 }
 
+void Matrix3::SetTrans(int axis, float value)
+{
+    Point3 translation = GetTrans();
+    translation[axis] = value;
+    SetTrans(translation);
+}
+
 void Matrix3::NoTrans()
 {
     m[3] = Point3(0, 0, 0);

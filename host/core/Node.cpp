@@ -139,11 +139,10 @@ const ObjectState& Node::EvalWorldState(TimeValue t, BOOL)
     return m_State;
 }
 
-BOOL Node::SetTMController(Control* controller)
+void Node::SetTMController(Control* controller)
 {
     m_Controller.Set(controller);
     InvalidateTreeTM();
-    return TRUE;
 }
 
 void Node::AttachChild(INode* child, int keepTM)

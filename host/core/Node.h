@@ -30,11 +30,10 @@ public:
 
     int NumRefs() override { return 3; }
     RefTargetHandle GetReference(int i) override;
-    void SetReference(int i, RefTargetHandle target) override;
     RefResult NotifyRefChanged(Interval changed, RefTargetHandle target, PartID& part,
                                RefMessage message) override;
 
-    const MCHAR* GetName() override { return m_Name.c_str(); }
+    MCHAR* GetName() override { return m_Name.data(); }
     void SetName(MCHAR* name) override { m_Name = name; }
     ULONG GetHandle() override { return m_Handle; }
 
@@ -52,7 +51,7 @@ public:
     Object* GetObjOrWSMRef() override { return m_Object.Get(); }
     void SetObjectRef(Object* object) override { m_Object.Set(object); }
     Control* GetTMController() override { return m_Controller.Get(); }
-    BOOL SetTMController(Control* controller) override;
+    void SetTMController(Control* controller) override;
     Mtl* GetMtl() override { return m_Material.Get(); }
     void SetMtl(Mtl* material) override { m_Material.Set(material); }
 
@@ -100,6 +99,7 @@ public:
     void SetSelected(bool selected) { m_Selected = selected; }
 
 private:
+    void SetReference(int i, RefTargetHandle target) override;
     WorldCache::Entry EvaluateWorld(TimeValue t);
     bool IsAtOrBelow(const Node& other) const;
     void Attach(Node& child, TimeValue t, bool keepTM);

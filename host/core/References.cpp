@@ -106,7 +106,7 @@ void SceneObjects::Condemn(ReferenceTarget& object)
 
 }  // namespace maxhost
 
-RefResult ReferenceMaker::ReplaceReference(int which, RefTargetHandle target)
+RefResult ReferenceMaker::ReplaceReference(int which, RefTargetHandle target, BOOL)
 {
     if (which < 0 || which >= NumRefs())
         return REF_INVALID;
@@ -128,11 +128,14 @@ ReferenceTarget::~ReferenceTarget()
     maxhost::SceneObjects::Leave(*this);
 }
 
-RefResult ReferenceTarget::NotifyDependents(const Interval& changed, PartID part, RefMessage message)
+RefResult ReferenceTarget::NotifyDependents(const Interval& changed, PartID part, RefMessage message,
+                                            SClass_ID superClass, BOOL, RefTargetHandle target)
 {
+    const bool all = superClass == ~SClass_ID(0);
     for (maxhost::ReferenceSlot* slot = m_Slots; slot;) {
         maxhost::ReferenceSlot* next = slot->m_Next;
-        slot->m_Maker.NotifyRefChanged(changed, this, part, message);
+        if (all || slot->m_Maker.SuperClassID() == superClass)
+            slot->m_Maker.NotifyRefChanged(changed, target ? target : this, part, message);
         slot = next;
     }
     return REF_SUCCEED;

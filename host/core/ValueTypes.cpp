@@ -15,15 +15,11 @@
 #include "matrix3.h"
 #include "strclass.h"
 
-void Interval::Set(TimeValue s, TimeValue e)
-{
-    start = std::min(s, e);
-    end = std::max(s, e);
-}
+Interval::Interval(TimeValue s, TimeValue e) : start(std::min(s, e)), end(std::max(s, e)) {}
 
 Interval Interval::operator&(const Interval other) const
 {
-    if (Empty() || other.Empty())
+    if (IsNever() || other.IsNever())
         return NEVER;
     const TimeValue first = std::max(start, other.start);
     const TimeValue last = std::min(end, other.end);

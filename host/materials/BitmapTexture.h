@@ -12,6 +12,10 @@ class UVGenerator final : public StdUVGen {
 public:
     void GetClassName(MSTR& name) override { name = "Coordinates"; }
     void Update(TimeValue, Interval&) override {}
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override
+    {
+        return REF_SUCCEED;
+    }
 
     int GetTextureTiling() override { return m_Tiling; }
     int GetAxis() override { return m_Axis; }
@@ -57,21 +61,27 @@ public:
     BitmapTexture() : m_Placement(*this, new UVGenerator) {}
 
     void GetClassName(MSTR& name) override { name = "Bitmap"; }
+    FPInterfaceDesc* GetDesc() override { return nullptr; }  // publishes nothing
     void Update(TimeValue, Interval&) override {}
     int NumRefs() override { return 1; }
     RefTargetHandle GetReference(int) override { return m_Placement.Get(); }
-    void SetReference(int, RefTargetHandle target) override
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override
     {
-        m_Placement.Set(static_cast<UVGenerator*>(target));
+        return REF_SUCCEED;
     }
 
-    const MCHAR* GetMapName() override { return m_FileName.c_str(); }
+    MCHAR* GetMapName() override { return m_FileName.data(); }
     void SetMapName(const MCHAR* name) override { m_FileName = name ? name : ""; }
     StdUVGen* GetUVGen() override { return m_Placement.Get(); }
     UVGen* GetTheUVGen() override { return m_Placement.Get(); }
     UVGenerator* GetPlacement() { return m_Placement.Get(); }
 
 private:
+    void SetReference(int, RefTargetHandle target) override
+    {
+        m_Placement.Set(static_cast<UVGenerator*>(target));
+    }
+
     std::string m_FileName;
     Reference<UVGenerator> m_Placement;
 };

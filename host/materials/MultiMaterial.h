@@ -16,7 +16,10 @@ public:
     void Update(TimeValue t, Interval& valid) override;
     int NumRefs() override { return NumSubMtls(); }
     RefTargetHandle GetReference(int i) override { return GetSubMtl(i); }
-    void SetReference(int i, RefTargetHandle target) override { SetSubMtl(i, static_cast<Mtl*>(target)); }
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override
+    {
+        return REF_SUCCEED;
+    }
 
     int NumSubMtls() override { return static_cast<int>(m_Materials.size()); }
     void SetNumSubMtls(int count) override;
@@ -37,6 +40,8 @@ public:
     void SetShininess(float, TimeValue) override {}
 
 private:
+    void SetReference(int i, RefTargetHandle target) override { SetSubMtl(i, static_cast<Mtl*>(target)); }
+
     std::vector<std::unique_ptr<Reference<Mtl>>> m_Materials;
 };
 

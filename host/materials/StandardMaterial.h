@@ -16,9 +16,9 @@ public:
     void Update(TimeValue, Interval&) override {}
     int NumRefs() override { return NTEXMAPS; }
     RefTargetHandle GetReference(int i) override { return GetSubTexmap(i); }
-    void SetReference(int i, RefTargetHandle target) override
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override
     {
-        SetSubTexmap(i, static_cast<Texmap*>(target));
+        return REF_SUCCEED;
     }
 
     int NumSubTexmaps() override { return NTEXMAPS; }
@@ -62,6 +62,11 @@ public:
     int GetShading() override { return m_Shading; }
 
 private:
+    void SetReference(int i, RefTargetHandle target) override
+    {
+        SetSubTexmap(i, static_cast<Texmap*>(target));
+    }
+
     struct Slot {
         explicit Slot(ReferenceMaker& maker) : map(maker) {}
         Reference<Texmap> map;

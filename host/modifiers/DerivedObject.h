@@ -23,7 +23,6 @@ public:
     void GetClassName(MSTR& name) override { name = "Derived Object"; }
     int NumRefs() override { return 1 + NumModifiers(); }
     RefTargetHandle GetReference(int i) override;
-    void SetReference(int i, RefTargetHandle target) override;
     RefResult NotifyRefChanged(Interval changed, RefTargetHandle, PartID& part, RefMessage message) override;
 
     void AddModifier(Modifier* modifier, ModContext* context, int before) override;
@@ -45,6 +44,7 @@ public:
     Object* FindBaseObject() override { return m_Object ? m_Object->FindBaseObject() : nullptr; }
 
 private:
+    void SetReference(int i, RefTargetHandle target) override;
     struct Layer {
         Layer(ReferenceMaker& maker, Modifier* modifier, const ModContext* given);
         Reference<Modifier> modifier;

@@ -18,6 +18,10 @@ public:
     Class_ID ClassID() override { return m_ClassID; }
     void GetClassName(MSTR& name) override { name = m_ClassName.c_str(); }
     void ModifyObject(TimeValue, ModContext&, ObjectState*, INode*) override {}
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override
+    {
+        return REF_SUCCEED;
+    }
 
 private:
     std::string m_ClassName;

@@ -11,7 +11,9 @@ ModContext::ModContext(const ModContext& other)
 }
 
 ModContext::ModContext(Matrix3* matrix, Box3* bounds, LocalModData* data)
-    : tm(matrix ? new Matrix3(*matrix) : nullptr), box(bounds ? new Box3(*bounds) : nullptr), localData(data)
+    : tm(matrix ? new Matrix3(*matrix) : nullptr),
+      box(bounds ? new Box3(*bounds) : nullptr),
+      localData(data ? data->Clone() : nullptr)
 {
 }
 

@@ -25,7 +25,7 @@ void ToPolygons(MNMesh& out, const Mesh& mesh)
         out.P(i) = mesh.verts[i];
     out.setNumFaces(mesh.numFaces);
     for (int i = 0; i < mesh.numFaces; ++i) {
-        const Face& face = mesh.faces[i];
+        Face& face = mesh.faces[i];
         int corners[3] = {static_cast<int>(face.v[0]), static_cast<int>(face.v[1]),
                           static_cast<int>(face.v[2])};
         out.F(i)->MakePoly(3, corners);

@@ -18,6 +18,10 @@ public:
     Class_ID ClassID() override { return m_ClassID; }
     void GetClassName(MSTR& name) override { name = m_Name.c_str(); }
     ObjectState Eval(TimeValue) override { return ObjectState(this); }
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override
+    {
+        return REF_SUCCEED;
+    }
 
 private:
     std::string m_Name;

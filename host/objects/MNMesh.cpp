@@ -61,16 +61,11 @@ MNFace::~MNFace()
     delete[] edg;
 }
 
-void MNFace::MakePoly(int fdeg, int* vertices)
+void MNFace::MakePoly(int fdeg, int* vertices, bool*, bool*)
 {
     Replace(vtx, Copied(vertices, fdeg));
     Replace(edg, nullptr);
     deg = fdeg;
-}
-
-void MNFace::SetEdges(int* edges)
-{
-    Replace(edg, Copied(edges, deg));
 }
 
 MNMapFace::MNMapFace(const MNMapFace& other) : deg(other.deg), tv(Copied(other.tv, other.deg)) {}
@@ -247,13 +242,13 @@ void MNMesh::FillInMesh()
             open[key] = edges[Size(corner)];
             m_Edges.push_back(edge);
         }
-        face.SetEdges(edges.data());
+        Replace(face.edg, Copied(edges.data(), face.deg));
     }
     SetFlag(MN_MESH_FILLED_IN);
     Publish();
 }
 
-void MNMesh::OutToTri(Mesh& mesh) const
+void MNMesh::OutToTri(Mesh& mesh)
 {
     int triangles = 0;
     for (int i = 0; i < numf; ++i)

@@ -25,7 +25,8 @@ T* Shown(std::vector<T>& items)
 
 }  // namespace
 
-Mesh::Mesh(const Mesh& other) : m_Verts(other.m_Verts), m_Faces(other.m_Faces), m_Channels(other.m_Channels)
+Mesh::Mesh(const Mesh& other)
+    : BaseInterfaceServer(other), m_Verts(other.m_Verts), m_Faces(other.m_Faces), m_Channels(other.m_Channels)
 {
     Publish();
 }

@@ -21,6 +21,10 @@ public:
     ObjectState Eval(TimeValue) override { return ObjectState(this); }
     int CanConvertToType(Class_ID classID) override;
     Object* ConvertToType(TimeValue t, Class_ID classID) override;
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override
+    {
+        return REF_SUCCEED;
+    }
 
     const Box3& GetBox() const { return m_Box; }
     void SetBox(const Box3& box) { m_Box = box; }

@@ -4,6 +4,9 @@
 #include "interval.h"
 #include "strclass.h"
 
+// A system header's macro, which would rename the member of Animatable.
+#undef GetClassName
+
 class IParamBlock2;
 class Interface;
 
@@ -17,10 +20,15 @@ class Interface;
 #define I_OBJECT 0x00001043
 #define I_KEYCONTROL 0x00001060
 #define I_KEYCONTROL2 0x00001061
+#define I_SUBMAP 0x00001150
 
-// What has an identity and may have parts that change over time.
+// What has an identity and may have parts that change over time. It is never copied,
+// and ends by DeleteThis or DeleteMe: only itself may delete it.
 class CoreExport Animatable : public InterfaceServer {
 public:
+    Animatable(const Animatable&) = delete;
+    Animatable& operator=(const Animatable&) = delete;
+
     virtual void DeleteThis() { delete this; }
     virtual void GetClassName(MSTR& name) { name = "Animatable"; }
     virtual SClass_ID SuperClassID() = 0;
@@ -39,6 +47,10 @@ public:
     virtual int NumParamBlocks() { return 0; }
     virtual IParamBlock2* GetParamBlock(int) { return nullptr; }
     virtual IParamBlock2* GetParamBlockByID(BlockID) { return nullptr; }
+
+protected:
+    Animatable() = default;
+    ~Animatable() override = default;
 };
 
 // The running host.

@@ -25,7 +25,7 @@ public:
     }
 
     operator float*() { return &r; }
-    operator Point3() const { return Point3(r, g, b); }
+    operator Point3() { return Point3(r, g, b); }
     float& operator[](int i) { return (&r)[i]; }
     const float& operator[](int i) const { return (&r)[i]; }
     int operator==(const Color& c) const { return r == c.r && g == c.g && b == c.b; }

@@ -14,7 +14,6 @@ public:
     ScaleValue() {}  // leaves the scale unset
     ScaleValue(const Point3& S) : s(S) {}
     ScaleValue(const Point3& S, const Quat& Q) : s(S), q(Q) {}
-    int operator==(const ScaleValue& v) const { return s == v.s && q == v.q; }
 };
 
 // On the left: tm = Inverse(Mq) * S * Mq * tm.

@@ -10,6 +10,10 @@ public:
     Class_ID ClassID() override { return Class_ID(DUMMY_CLASS_ID, 0); }
     void GetClassName(MSTR& name) override { name = "Dummy"; }
     ObjectState Eval(TimeValue) override { return ObjectState(this); }
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override
+    {
+        return REF_SUCCEED;
+    }
 
     Box3 GetBox() const { return m_Box; }
     void SetBox(Box3& box) { m_Box = box; }

@@ -3,7 +3,4 @@
 #include "impexp.h"
 
 // What the host hands to an exporter besides the interface. It holds nothing yet.
-class CoreExport ExpInterface {
-public:
-    virtual ~ExpInterface() = default;
-};
+class CoreExport ExpInterface {};

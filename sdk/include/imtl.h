@@ -33,6 +33,11 @@ public:
     MSTR& GetName() { return m_Name; }
     void SetName(MSTR name) { m_Name = name; }
     virtual BOOL IsMultiMtl() { return FALSE; }
+    void* GetInterface(ULONG id) override
+    {
+        return id == I_SUBMAP ? static_cast<ISubMap*>(this) : ReferenceTarget::GetInterface(id);
+    }
+    using ReferenceTarget::GetInterface;
     // Brings what the getters answer to time `t`.
     virtual void Update(TimeValue t, Interval& valid) = 0;
 

@@ -20,7 +20,7 @@ public:
     }
     Interface_ID GetID() override { return INODE_INTERFACE; }
 
-    virtual const MCHAR* GetName() = 0;
+    virtual MCHAR* GetName() = 0;
     virtual void SetName(MCHAR* name) = 0;
     virtual ULONG GetHandle() = 0;
 
@@ -41,7 +41,7 @@ public:
     virtual Object* GetObjOrWSMRef() = 0;
     virtual void SetObjectRef(Object* object) = 0;
     virtual Control* GetTMController() = 0;
-    virtual BOOL SetTMController(Control* controller) = 0;
+    virtual void SetTMController(Control* controller) = 0;
     virtual Mtl* GetMtl() = 0;
     virtual void SetMtl(Mtl* material) = 0;
 
@@ -54,7 +54,7 @@ public:
     virtual int IsRootNode() = 0;
 
     virtual int Selected() = 0;
-    virtual int IsHidden(DWORD flags = 0, BOOL effective = FALSE) = 0;
+    virtual int IsHidden(DWORD flags = 0, BOOL forRenderer = FALSE) = 0;
     virtual void Hide(BOOL hide) = 0;
     // 1 opaque, 0 transparent, below 0 invisible.
     virtual float GetVisibility(TimeValue t, Interval* valid = nullptr) = 0;

@@ -5,17 +5,22 @@
 // A closed range of time. Evaluations narrow one that is passed in, never widen it.
 class CoreExport Interval {
 public:
-    Interval() = default;  // NEVER
-    Interval(TimeValue s, TimeValue e) { Set(s, e); }
+    Interval() = default;                // NEVER
+    Interval(TimeValue s, TimeValue e);  // in either order
 
     TimeValue Start() const { return start; }
     TimeValue End() const { return end; }
     TimeValue Duration() const { return end - start + 1; }
-    int InInterval(const TimeValue t) const { return !Empty() && start <= t && t <= end; }
-    int Empty() const { return start == TIME_NegInfinity && end == TIME_NegInfinity; }
+    // Never true of TIME_NegInfinity.
+    int InInterval(const TimeValue t) const { return t != TIME_NegInfinity && start <= t && t <= end; }
+    int Empty() { return IsNever(); }  // not const, and == neither
 
-    // In either order.
-    void Set(TimeValue s, TimeValue e);
+    // As given: a start behind the end stays there.
+    void Set(TimeValue s, TimeValue e)
+    {
+        start = s;
+        end = e;
+    }
     void SetStart(TimeValue s) { start = s; }
     void SetEnd(TimeValue e) { end = e; }
     void SetInstant(const TimeValue t) { start = end = t; }
@@ -26,11 +31,13 @@ public:
     }
     void SetEmpty() { start = end = TIME_NegInfinity; }
 
-    int operator==(const Interval& other) const { return start == other.start && end == other.end; }
+    int operator==(Interval other) { return start == other.start && end == other.end; }
     Interval operator&(const Interval other) const;
     Interval& operator&=(const Interval other) { return *this = *this & other; }
 
 private:
+    bool IsNever() const { return start == TIME_NegInfinity && end == TIME_NegInfinity; }
+
     TimeValue start = TIME_NegInfinity;
     TimeValue end = TIME_NegInfinity;
 };

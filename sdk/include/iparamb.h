@@ -7,7 +7,9 @@ class IParamBlock;
 // Numbered parameters of the old style. Not an Animatable.
 class CoreExport IParamArray {
 public:
-    virtual ~IParamArray() = default;
     // The block, when the array is one.
     virtual IParamBlock* GetParamBlock() { return nullptr; }
+
+protected:
+    ~IParamArray() = default;  // not virtual: nobody deletes a block through it
 };

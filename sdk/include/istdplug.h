@@ -14,10 +14,17 @@
 #define BEZKEY_SLOW 4
 #define BEZKEY_USER 5
 #define BEZKEY_FLAT 6
+// The setters are blocks: statements without a value, and no branch before an else.
 #define GetInTanType(f) (int(((f) >> 7) & BEZKEY_TYPEMASK))
 #define GetOutTanType(f) (int(((f) >> 10) & BEZKEY_TYPEMASK))
-#define SetInTanType(f, t) ((f) = ((f) & ~DWORD(BEZKEY_TYPEMASK << 7)) | DWORD((t) << 7))
-#define SetOutTanType(f, t) ((f) = ((f) & ~DWORD(BEZKEY_TYPEMASK << 10)) | DWORD((t) << 10))
+#define SetInTanType(f, t)                                            \
+    {                                                                 \
+        (f) = ((f) & ~DWORD(BEZKEY_TYPEMASK << 7)) | DWORD((t) << 7); \
+    }
+#define SetOutTanType(f, t)                                             \
+    {                                                                   \
+        (f) = ((f) & ~DWORD(BEZKEY_TYPEMASK << 10)) | DWORD((t) << 10); \
+    }
 
 class IKey {
 public:
@@ -25,38 +32,37 @@ public:
     DWORD flags = 0;
 };
 
+// What a key holds beyond its time and its flags is unset until it is given.
 class ILinFloatKey : public IKey {
 public:
-    float val = 0.0f;
+    ILinFloatKey() {}
+
+    float val;
 };
 
 // Tangents in value per tick, away from the key on either side; lengths as parts of
 // the segment.
 class IBezFloatKey : public IKey {
 public:
-    float intan = 0.0f;
-    float outtan = 0.0f;
-    float val = 0.0f;
-    float inLength = 1.0f / 3.0f;
-    float outLength = 1.0f / 3.0f;
+    IBezFloatKey() {}
+
+    float intan, outtan;
+    float val;
+    float inLength, outLength;
 };
 
 class IBezPoint3Key : public IKey {
 public:
-    Point3 intan = Point3(0, 0, 0);
-    Point3 outtan = Point3(0, 0, 0);
-    Point3 val = Point3(0, 0, 0);
-    Point3 inLength = Point3(1.0f, 1.0f, 1.0f) / 3.0f;
-    Point3 outLength = Point3(1.0f, 1.0f, 1.0f) / 3.0f;
+    Point3 intan, outtan;
+    Point3 val;
+    Point3 inLength, outLength;
 };
 
 class IBezScaleKey : public IKey {
 public:
-    Point3 intan = Point3(0, 0, 0);
-    Point3 outtan = Point3(0, 0, 0);
-    ScaleValue val = ScaleValue(Point3(1, 1, 1));
-    Point3 inLength = Point3(1.0f, 1.0f, 1.0f) / 3.0f;
-    Point3 outLength = Point3(1.0f, 1.0f, 1.0f) / 3.0f;
+    Point3 intan, outtan;
+    ScaleValue val;
+    Point3 inLength, outLength;
 };
 
 // Room for a key of any controller.
@@ -72,7 +78,6 @@ private:
 // controller's own kind, whatever it is given: read into an AnyKey.
 class CoreExport IKeyControl {
 public:
-    virtual ~IKeyControl() = default;
     virtual int GetNumKeys() = 0;
     virtual void SetNumKeys(int n) = 0;
     virtual void GetKey(int i, IKey* key) = 0;
@@ -82,4 +87,7 @@ public:
     virtual void SortKeys() = 0;
     virtual DWORD& GetTrackFlags() = 0;
     virtual int GetKeySize() { return 128; }
+
+protected:
+    ~IKeyControl() = default;  // not virtual: nobody deletes a controller through it
 };

@@ -39,6 +39,7 @@ public:
     Point3 GetRow(int i) const { return m[i]; }
     void SetRow(int i, Point3 p);
     void SetTrans(const Point3& p) { SetRow(3, p); }
+    void SetTrans(int axis, float value);
     Point3 GetTrans() const { return GetRow(3); }
     void NoTrans();
     // Keeps the translation and the length of each axis.

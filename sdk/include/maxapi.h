@@ -12,6 +12,9 @@
 #define APP_IMAGE_DIR 7
 #define APP_PLUGCFG_DIR 9
 
+// For Interface::RedrawViews.
+#define REDRAW_NORMAL 8
+
 // The host as its plug-ins see it.
 class CoreExport Interface : public FPStaticInterface {
 public:
@@ -31,7 +34,7 @@ public:
     virtual INode* GetINodeByName(const MCHAR* name) = 0;  // the first of that name, or null
     // A new node below the root.
     virtual INode* CreateObjectNode(Object* object) = 0;
-    virtual void DeleteNode(INode* node, BOOL redraw = TRUE, BOOL overrideSlaves = FALSE) = 0;
+    virtual unsigned int DeleteNode(INode* node, BOOL redraw = TRUE, BOOL overrideSlaves = FALSE) = 0;
     // Null when there is no such class. To be cast to the base of the super class.
     virtual void* CreateInstance(SClass_ID superClass, Class_ID classID) = 0;
 
@@ -40,7 +43,9 @@ public:
     virtual void SelectNode(INode* node, int clear = 1) = 0;
     virtual void ClearNodeSelection(BOOL redraw = TRUE) = 0;
 
-    virtual void RedrawViews(TimeValue t, DWORD vpFlags = 0, ReferenceTarget* change = nullptr) = 0;
+    virtual void RedrawViews(TimeValue t, DWORD vpFlags = REDRAW_NORMAL,
+                             ReferenceTarget* change = nullptr) = 0;
 };
 
-using IObjParam = Interface;
+// The host as the creation of objects sees it. Not another name of the same class.
+class IObjParam : public Interface {};

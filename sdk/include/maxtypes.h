@@ -4,7 +4,7 @@
 
 #include "coreexp.h"
 
-using MCHAR = char;
+#define MCHAR char
 
 // Ticks: 4800 a second.
 using TimeValue = int;
@@ -12,7 +12,7 @@ using TimeValue = int;
 #define TIME_PosInfinity TimeValue(0x7fffffff)
 #define TIME_NegInfinity TimeValue(0x80000000)
 #define TicksToSec(ticks) (float(ticks) / float(TIME_TICKSPERSEC))
-#define SecToTicks(seconds) (TimeValue(float(seconds) * TIME_TICKSPERSEC))
+#define SecToTicks(seconds) (TimeValue((seconds)*TIME_TICKSPERSEC))
 
 using SClass_ID = ULONG;
 using ParamID = short;
@@ -34,8 +34,8 @@ public:
 
     ULONG PartA() const { return a; }
     ULONG PartB() const { return b; }
-    bool operator==(const Class_ID& other) const { return a == other.a && b == other.b; }
-    bool operator!=(const Class_ID& other) const { return !(*this == other); }
+    int operator==(const Class_ID& other) const { return a == other.a && b == other.b; }
+    int operator!=(const Class_ID& other) const { return !(*this == other); }
     bool operator<(const Class_ID& other) const { return a != other.a ? a < other.a : b < other.b; }
 
 private:
@@ -50,8 +50,8 @@ public:
 
     ULONG PartA() { return a; }
     ULONG PartB() { return b; }
-    bool operator==(const Interface_ID& other) const { return a == other.a && b == other.b; }
-    bool operator!=(const Interface_ID& other) const { return !(*this == other); }
+    int operator==(const Interface_ID& other) const { return a == other.a && b == other.b; }
+    int operator!=(const Interface_ID& other) const { return !(*this == other); }
 
 private:
     ULONG a = 0xffffffff;

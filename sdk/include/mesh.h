@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "baseinterface.h"
 #include "point3.h"
 
 // Map channels: 0 vertex colours, 1 the default uv, 2 to 99 further ones.
@@ -15,11 +16,11 @@ public:
     DWORD smGroup = 0;
     DWORD flags = 0;
 
-    DWORD getVert(int corner) const { return v[corner]; }
+    DWORD getVert(int corner) { return v[corner]; }
     void setVerts(int a, int b, int c);
-    DWORD getSmGroup() const { return smGroup; }
+    DWORD getSmGroup() { return smGroup; }
     void setSmGroup(DWORD group) { smGroup = group; }
-    MtlID getMatID() const { return static_cast<MtlID>(flags >> 16); }
+    MtlID getMatID() { return static_cast<MtlID>(flags >> 16); }
     void setMatID(MtlID id) { flags = (flags & 0xffff) | static_cast<DWORD>(id) << 16; }
 };
 
@@ -48,7 +49,7 @@ public:
 // A triangle mesh. The public arrays are owned by the mesh and null when empty; the
 // set functions size them. Channels 0 and 1 are vertCol/vcFace and tVerts/tvFace
 // under another name.
-class CoreExport Mesh {
+class CoreExport Mesh : public BaseInterfaceServer {
 public:
     int numVerts = 0;
     int numFaces = 0;
@@ -91,8 +92,9 @@ public:
     MtlID getFaceMtlIndex(int face) { return faces[face].getMatID(); }
     void setFaceMtlIndex(int face, MtlID id) { faces[face].setMatID(id); }
 
-    // What is derived from points or faces is to be thrown away. The host derives
-    // nothing, so these have no work to do yet.
+    // Derive normals from points and faces, and throw away what was derived. The host
+    // derives nothing, so these have no work to do.
+    void buildNormals() {}
     void InvalidateGeomCache() {}
     void InvalidateTopologyCache() {}
 

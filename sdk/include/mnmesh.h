@@ -4,21 +4,12 @@
 
 #include "baseinterface.h"
 #include "mesh.h"
+#include "mncommon.h"
 
 // Of components.
 #define MN_DEAD (1 << 1)
 // Of the mesh.
 #define MN_MESH_FILLED_IN (1 << 1)
-
-class CoreExport FlagUser {
-public:
-    void SetFlag(DWORD f, bool on = true) { m_Flags = on ? m_Flags | f : m_Flags & ~f; }
-    void ClearFlag(DWORD f) { m_Flags &= ~f; }
-    bool GetFlag(DWORD f) const { return (m_Flags & f) != 0; }
-
-private:
-    DWORD m_Flags = 0;
-};
 
 class MNVert : public FlagUser {
 public:
@@ -51,9 +42,9 @@ public:
     MNFace& operator=(const MNFace& other);
     ~MNFace();
 
-    // Copies the array of `fdeg` vertices.
-    void MakePoly(int fdeg, int* vertices);
-    void SetEdges(int* edges);
+    // Copies the array of `fdeg` vertices. The host shows and selects no edges: which of
+    // them are visible and selected isn't kept.
+    void MakePoly(int fdeg, int* vertices, bool* visible = nullptr, bool* selected = nullptr);
 };
 
 // A polygon in a map channel.
@@ -85,7 +76,7 @@ public:
     void setNumFaces(int count);
     int VNum() const { return numv; }
     int FNum() const { return numf; }
-    UVVert& V(int i) { return v[i]; }
+    UVVert V(int i) const { return v[i]; }  // a copy: write to v[i]
     MNMapFace* F(int i) { return &f[i]; }
 
 private:
@@ -130,12 +121,14 @@ public:
 
     // Derives the edges; nothing happens when that was done already.
     void FillInMesh();
+    // The host derives no normals, so these have no work to do.
+    void buildNormals() {}
     void InvalidateGeomCache() {}
     void InvalidateTopoCache(bool clearFlags = true);
 
     // Cuts every living polygon into triangles; material numbers, smoothing groups and
     // map channels follow.
-    void OutToTri(Mesh& mesh) const;
+    void OutToTri(Mesh& mesh);
 
 private:
     void Publish();

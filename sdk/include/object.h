@@ -10,7 +10,7 @@ class INode;
 class ModContext;
 class Object;
 
-#define ALL_CHANNELS ChannelMask(0xffffffff)
+#define ALL_CHANNELS ChannelMask(0x800027FF)
 
 // The result of a pipeline. The object belongs to the host.
 class CoreExport ObjectState {
@@ -33,7 +33,11 @@ public:
     // called through an Animatable*.
     virtual IParamArray* GetParamBlock() { return nullptr; }
     virtual int GetParamBlockIndex(int) { return -1; }
-    virtual const MCHAR* GetObjectName() { return "Object"; }
+    virtual MCHAR* GetObjectName()
+    {
+        static MCHAR name[] = "Object";
+        return name;
+    }
 };
 
 class CoreExport Object : public BaseObject {
@@ -84,9 +88,8 @@ public:
 };
 
 // What a modifier keeps about one object that it works on.
-class CoreExport LocalModData {
+class CoreExport LocalModData : public InterfaceServer {
 public:
-    virtual ~LocalModData() = default;
     virtual LocalModData* Clone() = 0;
 };
 
@@ -100,7 +103,7 @@ public:
 
     ModContext() = default;
     ModContext(const ModContext& other);
-    ModContext(Matrix3* tm, Box3* box, LocalModData* localData);  // copies the first two, takes the third
+    ModContext(Matrix3* tm, Box3* box, LocalModData* localData);  // copies all three
     ModContext& operator=(const ModContext&) = delete;
     ~ModContext() override;
 };
@@ -112,9 +115,9 @@ public:
     // The class's name until the user gives another.
     virtual MSTR GetName();
     virtual void SetName(MSTR name) { m_Name = name; }
-    virtual int IsEnabled() { return m_Enabled; }
-    virtual void EnableMod();
-    virtual void DisableMod();
+    int IsEnabled() { return m_Enabled; }
+    void EnableMod();
+    void DisableMod();
 
     // Works on the object of the state, in place. `node` is the one evaluated for.
     virtual void ModifyObject(TimeValue t, ModContext& context, ObjectState* state, INode* node) = 0;

@@ -3,6 +3,8 @@
 #include "animtbl.h"
 #include "maxtypes.h"
 
+class FPInterface;
+
 // The release that a plug-in is built for. The host refuses another one's.
 #define MAX_RELEASE 11000
 #define MAX_API_NUM 25
@@ -45,7 +47,7 @@
 #define CTRL_SCALE_CLASS_ID 0x900D
 #define CTRL_MORPH_CLASS_ID 0x900E
 #define CTRL_MASTERPOINT_CLASS_ID 0x9010
-#define CTRL_MASTERBLOCK_CLASS_ID 0x9011
+#define MASTERBLOCK_SUPER_CLASS_ID 0x9011
 #define CTRL_POINT4_CLASS_ID 0x9012
 
 // First parts of class ids; the second is 0.
@@ -92,8 +94,9 @@
 #define BONE_OBJ_CLASSID Class_ID(0x28bf6e8d, 0x2ecca840)
 
 // Describes a class of a plug-in, and makes it.
-class CoreExport ClassDesc : public InterfaceServer {
+class CoreExport ClassDesc {
 public:
+    virtual ~ClassDesc() = default;
     virtual int IsPublic() = 0;
     // The host casts the result to the base of the super class: answer a pointer
     // to exactly that base.
@@ -106,4 +109,10 @@ public:
     virtual const MCHAR* Category() = 0;
     virtual const MCHAR* InternalName() { return nullptr; }
     virtual HINSTANCE HInstance() { return nullptr; }
+    // String `id` of the module, "" when it isn't there; good until the next call.
+    virtual MCHAR* GetRsrcString(INT_PTR id);
+
+    // What the class publishes, by id and by name.
+    virtual FPInterface* GetInterface(Interface_ID) { return nullptr; }
+    virtual FPInterface* GetInterface(MCHAR*) { return nullptr; }
 };

@@ -17,7 +17,7 @@ public:
     Point3(int X, int Y, int Z) : x(static_cast<float>(X)), y(static_cast<float>(Y)), z(static_cast<float>(Z))
     {
     }
-    Point3(const float values[3]) : x(values[0]), y(values[1]), z(values[2]) {}
+    Point3(float values[3]) : x(values[0]), y(values[1]), z(values[2]) {}
 
     operator float*() { return &x; }
     float& operator[](int i) { return (&x)[i]; }

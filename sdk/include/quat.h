@@ -30,9 +30,10 @@ public:
           w(static_cast<float>(W))
     {
     }
-    Quat(const float values[4]) : x(values[0]), y(values[1]), z(values[2]), w(values[3]) {}
+    Quat(float values[4]) : x(values[0]), y(values[1]), z(values[2]), w(values[3]) {}
     Quat(const Matrix3& m);
     Quat(const AngAxis& aa);
+    Quat(const Point3& axis, float angle) : Quat(AngAxis(axis, angle)) {}
 
     float& operator[](int i) { return (&x)[i]; }
     const float& operator[](int i) const { return (&x)[i]; }

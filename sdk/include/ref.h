@@ -16,7 +16,8 @@ enum RefResult {
 
 // The one message of the host so far: the sender's values changed.
 #define REFMSG_CHANGE 0x00000050
-#define PART_ALL PartID(0xffffffff)
+// Every channel, and the parts that are none: sign-extended where a PartID is 64 bits.
+#define PART_ALL PartID(INT_PTR(INT(0x800037FF)))
 
 namespace maxhost {
 class ReferenceSlot;
@@ -28,32 +29,43 @@ class CoreExport ReferenceMaker : public Animatable {
 public:
     virtual int NumRefs() { return 0; }
     virtual RefTargetHandle GetReference(int) { return nullptr; }
-    virtual void SetReference(int, RefTargetHandle) {}
-    RefResult ReplaceReference(int which, RefTargetHandle target);
-
-    // Told by a target that this one refers to.
-    virtual RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage)
-    {
-        return REF_DONTCARE;
-    }
+    // The only way to set a reference from outside. The former target goes when nothing
+    // else refers to it, whatever `deleteOld` says.
+    RefResult ReplaceReference(int which, RefTargetHandle target, BOOL deleteOld = TRUE);
 
     // Drops all references and, when nothing refers to it, deletes the object.
     void DeleteMe();
+
+protected:
+    ReferenceMaker() = default;
+    ~ReferenceMaker() override = default;
+    virtual void SetReference(int, RefTargetHandle) {}
+    // Told by a target that this one refers to.
+    virtual RefResult NotifyRefChanged(Interval changed, RefTargetHandle target, PartID& part,
+                                       RefMessage message) = 0;
+
+    friend class ReferenceTarget;  // which passes messages on
 };
 
 // What can be referred to. Dies with the last reference to it, or by DeleteMe.
 class CoreExport ReferenceTarget : public ReferenceMaker {
 public:
+    BOOL HasDependents() const { return m_Slots != nullptr; }
+    // Passes a message to all that refer to this, or to those of one super class. It
+    // speaks for `target` where one is given.
+    virtual RefResult NotifyDependents(const Interval& changed, PartID part, RefMessage message,
+                                       SClass_ID superClass = ~SClass_ID(0), BOOL propagate = TRUE,
+                                       RefTargetHandle target = nullptr);
+
+protected:
     ReferenceTarget() = default;
-    ReferenceTarget(const ReferenceTarget&) {}  // references are not copied
-    ReferenceTarget& operator=(const ReferenceTarget&) { return *this; }
     ~ReferenceTarget() override;
 
-    BOOL HasReferences() const { return m_Slots != nullptr; }
-    // Passes a message to all that refer to this.
-    RefResult NotifyDependents(const Interval& changed, PartID part, RefMessage message);
-
 private:
+    // Each class answers for itself.
+    RefResult NotifyRefChanged(Interval changed, RefTargetHandle target, PartID& part,
+                               RefMessage message) override = 0;
+
     // The host's bookkeeping: who refers to this, and its place among the objects
     // that the scene frees when it closes.
     friend class maxhost::ReferenceSlot;

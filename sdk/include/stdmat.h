@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ifnpub.h"
 #include "imtl.h"
 
 #define SHADE_CONST 0
@@ -46,10 +47,12 @@ public:
     virtual void SetWAng(float value, TimeValue t) = 0;
 };
 
-class CoreExport BitmapTex : public Texmap {
+class CoreExport BitmapTex : public Texmap, public FPMixinInterface {
 public:
+    void* GetInterface(ULONG id) override { return Texmap::GetInterface(id); }
+    BaseInterface* GetInterface(Interface_ID id) override { return Texmap::GetInterface(id); }
     Class_ID ClassID() override { return Class_ID(BMTEX_CLASS_ID, 0); }
-    virtual const MCHAR* GetMapName() = 0;  // the file's name; may be ""
+    virtual MCHAR* GetMapName() = 0;  // the file's name; may be ""
     virtual void SetMapName(const MCHAR* name) = 0;
     virtual StdUVGen* GetUVGen() = 0;
 };

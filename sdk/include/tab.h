@@ -9,11 +9,16 @@
 
 using CompareFnc = int (*)(const void*, const void*);
 
+// Whether a Tab may hold a type. The SDK itself keeps one class with constructors in a
+// Tab and says so beside that class.
+template <class T>
+inline constexpr bool kMovesAsBits = std::is_trivially_copyable_v<T>;
+
 // A growing array that copies its elements bit by bit: no constructor and no
 // destructor ever runs on them, so they must be plain types.
 template <class T>
 class Tab {
-    static_assert(std::is_trivially_copyable_v<T>, "elements are copied bit by bit");
+    static_assert(kMovesAsBits<T>, "elements are copied bit by bit");
 
 public:
     Tab() = default;

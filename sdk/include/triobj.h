@@ -16,6 +16,10 @@ public:
     Object* ConvertToType(TimeValue t, Class_ID classID) override;
     Object* MakeShallowCopy(ChannelMask channels) override;
     void ShallowCopy(Object* from, ChannelMask channels) override;
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override
+    {
+        return REF_SUCCEED;
+    }
 
     Mesh& GetMesh() { return mesh; }
 };

@@ -274,6 +274,9 @@ TEST_F(ControllerTest, BezierScaleInterpolatesItsKeys)
 {
     Control* scale = Make(CTRL_SCALE_CLASS_ID, Class_ID(HYBRIDINTERP_SCALE_CLASS_ID, 0));
     IBezScaleKey key;
+    key.intan = key.outtan = Point3(0, 0, 0);
+    key.inLength = key.outLength = Point3(1, 1, 1) / 3.0f;
+    key.val = ScaleValue(Point3(1, 1, 1));
     SetInTanType(key.flags, BEZKEY_LINEAR);
     SetOutTanType(key.flags, BEZKEY_LINEAR);
     KeysOf(*scale)->AppendKey(&key);

@@ -129,7 +129,7 @@ protected:
 
 TEST_F(PolyTest, ConvexPolygonsBecomeFans)
 {
-    const PolyObject* poly =
+    PolyObject* poly =
         MakePolygons({Point3(0, 0, 0), Point3(2, 0, 0), Point3(3, 1, 0), Point3(2, 2, 0), Point3(0, 2, 0)},
                      {{0, 1, 2, 3, 4}});
     Mesh mesh;

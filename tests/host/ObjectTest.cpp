@@ -80,6 +80,10 @@ public:
     }
     Class_ID ClassID() override { return Class_ID(0x7e57, 0x1); }
     void GetClassName(MSTR& name) override { name = "Move"; }
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override
+    {
+        return REF_SUCCEED;
+    }
     void ModifyObject(TimeValue, ModContext& context, ObjectState* state, INode*) override
     {
         if (m_Order)

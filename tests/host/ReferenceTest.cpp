@@ -41,7 +41,7 @@ TEST_F(ReferenceTest, ATargetDiesWithTheLastReference)
     Link a, b;
     a.next.Set(target);
     b.ReplaceReference(0, target);
-    EXPECT_TRUE(target->HasReferences());
+    EXPECT_TRUE(target->HasDependents());
     a.next.Set(nullptr);
     EXPECT_EQ(g_alive, 3);
     b.next.Set(nullptr);

@@ -35,6 +35,10 @@ class NamedModifier final : public Modifier {
 public:
     explicit NamedModifier(Class_ID type) : m_Type(type) {}
     Class_ID ClassID() override { return m_Type; }
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override
+    {
+        return REF_SUCCEED;
+    }
     void ModifyObject(TimeValue, ModContext&, ObjectState*, INode*) override {}
 
 private:

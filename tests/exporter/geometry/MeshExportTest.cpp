@@ -23,6 +23,10 @@ class Mover final : public Modifier {
 public:
     explicit Mover(float distance) : m_Distance(distance) {}
     Class_ID ClassID() override { return kOtherClass; }
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override
+    {
+        return REF_SUCCEED;
+    }
     void ModifyObject(TimeValue, ModContext&, ObjectState* state, INode*) override
     {
         Mesh& mesh = static_cast<TriObject*>(state->obj)->mesh;
@@ -151,6 +155,10 @@ class Excluded final : public GeomObject {
 public:
     explicit Excluded(Class_ID type) : m_Type(type) {}
     Class_ID ClassID() override { return m_Type; }
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override
+    {
+        return REF_SUCCEED;
+    }
     ObjectState Eval(TimeValue) override { return ObjectState(this); }
     int CanConvertToType(Class_ID type) override { return type == triObjectClassID; }
     Object* ConvertToType(TimeValue, Class_ID) override
