@@ -3,7 +3,6 @@
 #include "VKT/document/InheritedNode.h"
 #include "VKT/document/NewNode.h"
 #include "VKT/node/FnRegistry.h"
-#include "VKT/registry/UserNode.h"
 #include "common/TerminalText.h"
 
 namespace tool {
@@ -12,7 +11,7 @@ std::string TypeNameOf(const VKT::XBase& node)
 {
     if (const VKT::XInheritedNode* definition = node.GetInheritedFrom())
         return definition->GetHeader();
-    if (const VKT::XNewNode* definition = VKT::GetUserDefinition(node))
+    if (const VKT::XNewNode* definition = node.GetUserDefinition())
         return definition->GetHeader();
     return VKT::XFnTypeName(node.GetApiType());
 }

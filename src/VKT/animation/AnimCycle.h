@@ -39,7 +39,7 @@ public:
     const XVector<std::unique_ptr<XAnimCurveList>>& GetCurveLists() const { return m_CurveLists; }
 
     // Frames that the text form adds to tables which are shorter than the cycle.
-    u64 GetTextPadding() const;
+    u64 GetTextPadding() const override;
 
     // Drops the table of the bone, and the first list of curves of that node.
     bool NodeDeath(u32 id) override;

@@ -5,8 +5,6 @@
 #include <ostream>
 
 #include "VKT/document/Model.h"
-#include "VKT/geometry/Mesh.h"
-#include "VKT/geometry/PolygonMesh.h"
 #include "VKT/node/FnRegistry.h"
 #include "VKT/stream/TextWriter.h"
 
@@ -62,10 +60,7 @@ bool XModel::CanSaveAsText() const
 {
     u64 padding = 0;
     for (const auto& [name, node] : m_Nodes)
-        if (const XPolygonMesh* mesh = XCast<XPolygonMesh>(node))
-            padding += mesh->GetTextPadding();
-        else if (const XMesh* olderMesh = XCast<XMesh>(node))
-            padding += olderMesh->GetTextPadding();
+        padding += node->GetTextPadding();
     if (padding <= kMostPadding)
         return CanSaveCyclesAsText();
     GetLogger()->Log(kError, "the document's polygons claim more corners than its index sets hold");

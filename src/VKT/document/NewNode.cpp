@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "VKT/registry/UserNode.h"
 #include "VKT/stream/FileIO.h"
 #include "VKT/stream/NodeName.h"
 #include "VKT/stream/TextSyntax.h"
@@ -13,31 +12,17 @@ namespace {
 
 constexpr char kSource[] = ".\\src\\VKT\\NewNode";
 
-// What the instances of one family are.
 struct Family {
     XNodeFamily family;
     const char* word;
-    u32 type;
-    XBase* (*create)(const XNewNode& definition, XModel* model);
-    const XNewNode& (*definitionOf)(const XBase& node);
 };
-
-template <class Node>
-constexpr Family Row(XNodeFamily family, const char* word)
-{
-    return {
-        family, word, Node::kType,
-        [](const XNewNode& definition, XModel* model) -> XBase* { return new Node(model, definition); },
-        [](const XBase& node) -> const XNewNode& { return static_cast<const Node&>(node).GetDefinition(); }};
-}
 
 // The number 7 does not exist.
 constexpr Family kFamilies[] = {
-    Row<XNewBase>(kFamilyNone, "none"),           Row<XNewMaterial>(kFamilyMaterial, "material"),
-    Row<XNewShape>(kFamilyObject, "object"),      Row<XNewLight>(kFamilyLight, "light"),
-    Row<XNewBone>(kFamilyTransform, "transform"), Row<XNewEmitter>(kFamilyEmitter, "emitter"),
-    Row<XNewField>(kFamilyField, "field"),        Row<XNewDeformer>(kFamilyDeformer, "deformer"),
-    Row<XNewAnim>(kFamilyAnim, "anim"),           Row<XNewHwShader>(kFamilyHwShader, "hw_shader"),
+    {kFamilyNone, "none"},          {kFamilyMaterial, "material"},   {kFamilyObject, "object"},
+    {kFamilyLight, "light"},        {kFamilyTransform, "transform"}, {kFamilyEmitter, "emitter"},
+    {kFamilyField, "field"},        {kFamilyDeformer, "deformer"},   {kFamilyAnim, "anim"},
+    {kFamilyHwShader, "hw_shader"},
 };
 
 // The row for which `has` holds, or null.
@@ -59,8 +44,7 @@ XBase* XNewNode::CreateNode(XModel* model) const
 {
     if (m_Create)
         return m_Create(*this, model);
-    const Family* family = FindFamily([this](const Family& row) { return row.family == m_BaseType; });
-    return family ? family->create(*this, model) : nullptr;
+    return XFnCreateOfFamily(m_BaseType, *this, model);
 }
 
 bool XNewNode::Write(XTextWriter& out) const
@@ -101,12 +85,6 @@ bool XNewNode::DoHeader(XFileIO& file)
 bool XNewNode::DoData(XFileIO& file)
 {
     return file.DoData(m_Header) && file.DoData(m_TypeName) && file.DoData(m_BaseType);
-}
-
-const XNewNode* GetUserDefinition(const XBase& node)
-{
-    const Family* family = FindFamily([&](const Family& row) { return row.type == node.GetApiType(); });
-    return family ? &family->definitionOf(node) : nullptr;
 }
 
 }  // namespace VKT

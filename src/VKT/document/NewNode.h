@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VKT/node/Base.h"
+#include "VKT/node/FnRegistry.h"
 
 namespace VKT {
 
@@ -23,7 +23,7 @@ enum XNodeFamily : u32 {
 // UserNode.h).
 class XNewNode {
 public:
-    using Creator = XBase* (*)(const XNewNode& definition, XModel* model);
+    using Creator = XUserNodeCreator;
 
     XNewNode() = default;
     XNewNode(u32 family, const XString& typeName, const XString& header);

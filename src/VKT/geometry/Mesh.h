@@ -65,7 +65,7 @@ public:
     XMeshVertexColours* GetVertexColours() const;
 
     // Values that a text file holds beyond the data: see WriteChunk.
-    u64 GetTextPadding() const;
+    u64 GetTextPadding() const override;
 
     // Forgets vertex colours that go.
     bool NodeDeath(u32 id) override;

@@ -112,7 +112,7 @@ public:
     const XVector<std::unique_ptr<XVertexSet>>& GetVertexSets() const { return m_VertexSets; }
     // What a text file holds beyond the data: a 0 for each index that the sets are short
     // of, and a line for each element without floats.
-    u64 GetTextPadding() const;
+    u64 GetTextPadding() const override;
     // Drops sets, polygons and points. Deformers and instances stay.
     void Clear();
 

@@ -5,7 +5,6 @@
 
 #include "VKT/document/Model.h"
 #include "VKT/hierarchy/Bone.h"
-#include "VKT/shading/Material.h"
 
 namespace VKT {
 
@@ -47,8 +46,8 @@ void XShape::PreDelete(std::set<u32>& ids)
     if (!flags.Test(DeleteMaterials))
         return;
     const auto add = [&](u32 id) {
-        const XMaterial* material = XCast<XMaterial>(GetModel()->FindNode(id));
-        if (material && material->GetNumUsers() <= 1)
+        const XBase* node = GetModel()->FindNode(id);
+        if (node && IsOfType(*node, kFnMaterial) && GetModel()->CountUsers()->GetShapesCoveredBy(id) <= 1)
             ids.insert(id);
     };
     for (const XInstance* instance : instances) {

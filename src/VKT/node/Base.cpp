@@ -2,9 +2,9 @@
 
 #include "VKT/document/InheritedNode.h"
 #include "VKT/document/Model.h"
+#include "VKT/document/NewNode.h"
 #include "VKT/node/ExtraAttributes.h"
 #include "VKT/node/FnRegistry.h"
-#include "VKT/registry/UserNode.h"
 #include "VKT/stream/FileIO.h"
 #include "VKT/stream/NodeName.h"
 #include "VKT/stream/TextReader.h"
@@ -127,7 +127,7 @@ XString XBase::ChunkKey() const
     if (m_InheritedFrom)
         return m_InheritedFrom->GetHeader();
     const u32 type = GetApiType();
-    const XNewNode* definition = GetUserDefinition(*this);
+    const XNewNode* definition = GetUserDefinition();
     return definition && type != kFnNewLight && type != kFnNewAnim ? definition->GetHeader()
                                                                    : XFnChunkName(type);
 }

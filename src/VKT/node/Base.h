@@ -17,6 +17,7 @@ class XExtraAttributes;
 class XFileIO;
 class XInheritedNode;
 class XModel;
+class XNewNode;
 class XTextReader;
 class XTextWriter;
 
@@ -106,6 +107,11 @@ public:
     // The definition that makes this an instance of a user-defined subclass of its class,
     // or null. The instance is written under the definition's chunk key.
     const XInheritedNode* GetInheritedFrom() const { return m_InheritedFrom; }
+    // The definition of the node type that this is an instance of, null for a built-in type.
+    virtual const XNewNode* GetUserDefinition() const { return nullptr; }
+    // Numbers that the text form writes over and above what the node holds. A damaged node can
+    // ask for more than any disk takes.
+    virtual u64 GetTextPadding() const { return 0; }
 
     // The four operations of the property object that callers use most.
     XString GetPropertyName(u32 property) const { return GetNodeProperties()->GetPropertyName(property); }

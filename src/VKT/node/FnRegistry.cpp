@@ -21,6 +21,8 @@ struct Registry {
     // The same types by id and by chunk key: both are asked for every chunk of a file.
     std::unordered_map<u32, const XFnInfo*> byType;
     std::unordered_map<XString, const XFnInfo*> byChunk;
+
+    std::unordered_map<u32, XUserNodeCreator> families;
 };
 
 std::unique_ptr<Registry> s_Registry;
@@ -70,6 +72,13 @@ bool XFnRegister(XFnInfo* info)
     return true;
 }
 
+bool XFnRegisterFamily(u32 family, XUserNodeCreator creator)
+{
+    if (s_Registry)
+        s_Registry->families[family] = creator;
+    return s_Registry != nullptr;
+}
+
 XBase* XFnCreate(u32 type, XModel* model)
 {
     const XFnInfo* info = FindType(type);
@@ -80,6 +89,14 @@ XBase* XFnCreateFromChunk(const XString& chunkKey, XModel* model)
 {
     const XFnInfo* info = FindChunk(chunkKey);
     return info ? info->Create(model) : nullptr;
+}
+
+XBase* XFnCreateOfFamily(u32 family, const XNewNode& definition, XModel* model)
+{
+    if (!s_Registry)
+        return nullptr;
+    const auto found = s_Registry->families.find(family);
+    return found == s_Registry->families.end() ? nullptr : found->second(definition, model);
 }
 
 u32 XFnTypeFromChunk(const XString& chunkKey)

@@ -36,6 +36,9 @@ public:
     virtual XClassTables GetTables() const { return {}; }
 };
 
+// Makes an instance of a node type that users define, of no document yet.
+using XUserNodeCreator = XBase* (*)(const XNewNode& definition, XModel* model);
+
 // A loader of a foreign file format. None is registered by the library itself.
 class XFileHandler {
 public:
@@ -60,12 +63,15 @@ bool XFnShutdown();
 // Adds a class. False without a registry, and, with a logged error, when the id or the
 // type name is taken; the info stays the caller's then.
 bool XFnRegister(XFnInfo* info);
+// Sets what makes the instances of a family of user-defined node types. False without a registry.
+bool XFnRegisterFamily(u32 family, XUserNodeCreator creator);
 // `XFnInitialise`, then every class of the library. Answers true.
 bool XRegisterTypes(XLogger* logger);
 
 // Look-ups. The first entry that matches counts; without a registry nothing is found.
 XBase* XFnCreate(u32 type, XModel* model);
 XBase* XFnCreateFromChunk(const XString& chunkKey, XModel* model);
+XBase* XFnCreateOfFamily(u32 family, const XNewNode& definition, XModel* model);
 u32 XFnTypeFromChunk(const XString& chunkKey);  // 0 for none, 173 without a registry
 XString XFnChunkName(u32 type);                 // "" for none, "invalid" without a registry
 XString XFnTypeName(u32 type);                  // likewise

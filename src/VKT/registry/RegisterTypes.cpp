@@ -70,6 +70,7 @@
 #include "VKT/lights/SpotLight.h"
 #include "VKT/lights/VolumeLight.h"
 #include "VKT/node/FnRegistry.h"
+#include "VKT/registry/UserNode.h"
 #include "VKT/rigging/AimConstraint.h"
 #include "VKT/rigging/Constraint.h"
 #include "VKT/rigging/DisplayLayer.h"
@@ -285,6 +286,32 @@ constexpr TypeRow kTypes[] = {
     Concrete<XWrapDeformer>("wrapDeformer", "WRAP_DEFORMER"),
 };
 
+// What the instances of each family of user-defined node types are.
+struct FamilyRow {
+    XNodeFamily family;
+    XUserNodeCreator create;
+};
+
+template <class Node>
+constexpr FamilyRow Family(XNodeFamily family)
+{
+    return {family,
+            [](const XNewNode& definition, XModel* model) -> XBase* { return new Node(model, definition); }};
+}
+
+constexpr FamilyRow kFamilies[] = {
+    Family<XNewBase>(kFamilyNone),          //
+    Family<XNewMaterial>(kFamilyMaterial),  //
+    Family<XNewShape>(kFamilyObject),       //
+    Family<XNewLight>(kFamilyLight),        //
+    Family<XNewBone>(kFamilyTransform),     //
+    Family<XNewEmitter>(kFamilyEmitter),    //
+    Family<XNewField>(kFamilyField),        //
+    Family<XNewDeformer>(kFamilyDeformer),  //
+    Family<XNewAnim>(kFamilyAnim),          //
+    Family<XNewHwShader>(kFamilyHwShader),
+};
+
 class RowInfo final : public XFnInfo {
 public:
     explicit RowInfo(const TypeRow& row) : m_Row(row) {}
@@ -310,6 +337,8 @@ bool XRegisterTypes(XLogger* logger)
         else
             GetLogger()->LogFormat(kError, "Registering failed %s", row.typeName);
     }
+    for (const FamilyRow& row : kFamilies)
+        XFnRegisterFamily(row.family, row.create);
     return true;
 }
 

@@ -31,7 +31,7 @@ class XUserNode : public XNodeClass<XUserNode<Base, Type>, Base, Type> {
 public:
     XUserNode(XModel* model, const XNewNode& definition) : NodeClass(model), m_Definition(&definition) {}
 
-    const XNewNode& GetDefinition() const { return *m_Definition; }
+    const XNewNode* GetUserDefinition() const override { return m_Definition; }
     // The text behind the body of the base class, in whole lines.
     const XString& GetData() const { return m_Data; }
     void SetData(const XString& data) { m_Data = data; }
@@ -66,8 +66,5 @@ using XNewField = XUserNode<XField, kFnNewField>;
 using XNewDeformer = XUserNode<XDeformer, kFnNewDeformer>;
 using XNewAnim = XUserNode<XBase, kFnNewAnim>;
 using XNewHwShader = XUserNode<XHwShader, kFnNewHwShader>;
-
-// The definition that a node was created from, null for a node of a built-in type.
-const XNewNode* GetUserDefinition(const XBase& node);
 
 }  // namespace VKT

@@ -6,16 +6,11 @@
 #include <memory>
 #include <type_traits>
 
+#include "VKT/base/Date.h"
 #include "VKT/base/Lists.h"
 #include "VKT/stream/FileVersion.h"
 
 namespace VKT {
-
-// A calendar moment as files hold it: 24 bytes, the full year, months from 1.
-struct XDate {
-    u32 day, month, year, hour, minute, second;
-    bool operator==(const XDate&) const = default;
-};
 
 // The one binary stream of the library. A class says its binary layout once, field by
 // field, and the same lines read, write or measure it, according to how the stream was

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "VKT/stream/FileIO.h"
+#include "VKT/base/Date.h"
+#include "VKT/base/Lists.h"
 
 namespace VKT {
 

@@ -2,7 +2,8 @@
 
 #include <cstdio>
 
-#include "VKT/stream/FileIO.h"
+#include "VKT/base/Date.h"
+#include "VKT/base/Lists.h"
 
 namespace VKT {
 

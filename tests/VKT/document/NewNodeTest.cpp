@@ -48,7 +48,7 @@ TEST_F(NewNode, TheBodyIsCarriedAsItStands)
     ExpectSameText(kHeader + Definition("none", "FOG") +
                    "FOG mist\n{\n\tid 3\n\tdensity 0.5  {\n\t\t{ 1 } \"}{\" \n\t}\n  # odd\tblanks \n}\n");
     EXPECT_EQ(DataOf<XNewBase>("mist"), "\tdensity 0.5  {\n\t\t{ 1 } \"}{\" \n\t}\n  # odd\tblanks \n");
-    const XNewNode& definition = XCast<XNewBase>(m_Model.FindNode(3))->GetDefinition();
+    const XNewNode& definition = *m_Model.FindNode(3)->GetUserDefinition();
     EXPECT_EQ(definition.GetTypeName(), "FOGType");
     EXPECT_EQ(definition.GetFamily(), kFamilyNone);
 }
