@@ -7,6 +7,7 @@
 
 #include "VKT/document/Model.h"
 #include "VKT/node/FnRegistry.h"
+#include "VKT/stream/FileHeader.h"
 #include "common/Log.h"
 #include "common/TerminalText.h"
 
@@ -42,11 +43,12 @@ int LoadScene(VKT::XModel& model, const std::string& path, Log& log, bool loadCy
 std::optional<FileForm> FormOf(const std::string& path)
 {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), &std::fclose);
-    constexpr std::size_t length = 9;  // |VKT_ 004 A
-    char header[length];
-    if (!file || std::fread(header, 1, length, file.get()) != length)
+    char start[VKT::XFileHeader::kSize];
+    const std::size_t length = file ? std::fread(start, 1, sizeof start, file.get()) : 0;
+    const std::optional<VKT::XFileHeader> header = VKT::XFileHeader::Of({start, length});
+    if (!header)
         return std::nullopt;
-    return header[length - 1] == 'A' ? FileForm::Text : FileForm::Binary;
+    return header->form == VKT::XFileForm::kText ? FileForm::Text : FileForm::Binary;
 }
 
 const char* NameOf(FileForm form)

@@ -5,6 +5,7 @@
 
 #include "VKT/base/Logger.h"
 #include "VKT/node/Fn.h"
+#include "VKT/stream/FileHeader.h"
 #include "VKT/stream/Platform.h"
 #include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
@@ -53,7 +54,8 @@ bool XInfo::Write(XTextWriter& out, const XString& user, const XString& host, co
     out << "\tuser \"" << (user.empty() ? "unknown" : user.c_str()) << "\"\n";
     out << "\thost \"" << (host.empty() ? "unknown" : host.c_str()) << "\"\n";
     out << "\ttexture_file \"" << (m_TextureFile.empty() ? "none" : m_TextureFile.c_str()) << "\"\n";
-    out << "\tformat_version VKT_004A\n\tsend_bug_reports_to vkt-bugs@vkt.invalid\n";
+    out << "\tformat_version " << XFileHeader{kCurrentVersion, XFileForm::kText}.Word()
+        << "\n\tsend_bug_reports_to vkt-bugs@vkt.invalid\n";
     out << "\tapplication \"" << m_Application << "\"\n";
     out << "\toriginal_file \"" << m_OriginalFile << "\"\n";
     // Kept on purpose: the month counts from 1 and the year is whole already, and files
@@ -75,14 +77,12 @@ bool XInfo::Read(XTextReader& in)
         !Expect("format_version", in, kSource, 4))
         return false;
     in.ReadToken(token);
-    if (!token.starts_with("VKT_")) {
+    const std::optional<XFileHeader> format = XFileHeader::OfWord(token);
+    if (!format) {
         GetLogger()->Log(kError, "Incorrect format");
         return false;
     }
-    u32 version = 0;
-    const XString digits = token.substr(4, 3);
-    std::from_chars(digits.data(), digits.data() + digits.size(), version);
-    if (version >= 5) {
+    if (format->version > kCurrentVersion) {
         GetLogger()->Log(kError, "This version of VKT is not supported by this version of the SDK");
         return false;
     }

@@ -15,6 +15,7 @@
 #include "VKT/document/NewNode.h"
 #include "VKT/document/UserCounts.h"
 #include "VKT/node/Base.h"
+#include "VKT/stream/FileVersion.h"
 
 namespace VKT {
 
@@ -47,9 +48,6 @@ struct XDroppedReference {
 // the type registry alone.
 class XModel {
 public:
-    // The file version that `Save` writes and that this library reads up to.
-    static constexpr u32 kCurrentVersion = 4;
-
     XModel();
     virtual ~XModel();
     // Deletes all nodes, instances, images, definitions of node types and the file
@@ -205,7 +203,7 @@ private:
     // ModelLoad.cpp, ModelSave.cpp
     template <class Reading>
     XFileResult LoadSafely(const char* path, Reading read);
-    XFileResult CheckHeader(std::string_view header, const char* path);
+    XFileResult CheckHeader(std::string_view start, const char* path);
     void PostLoad();
     bool BuildBindMatrices(const XVector<XBone*>& bones, const XVector<XBone*>& roots);
     void Abandon(XBase& node);

@@ -3,6 +3,7 @@
 
 #include "VKT/document/Model.h"
 #include "VKT/node/FnRegistry.h"
+#include "VKT/stream/FileHeader.h"
 #include "VKT/stream/FileIO.h"
 
 // The binary form of a document.
@@ -10,7 +11,6 @@
 namespace VKT {
 namespace {
 
-constexpr std::size_t kHeaderSize = 24;
 constexpr i64 kChunkHeaderSize = 8;
 
 // A chunk that fails sends the walk back to the end that it claims. What its body has read
@@ -42,8 +42,8 @@ XFileResult XModel::LoadBin(const char* path, bool loadCycles)
         return FileOpenFailed;
     }
     file.SetVersion(m_Version);  // of the header, which `Load` has checked
-    u8 header[kHeaderSize];
-    file.DoData(header, kHeaderSize);
+    u8 header[XFileHeader::kSize];
+    file.DoData(header, XFileHeader::kSize);
     if (!DoImages(file))
         GetLogger()->Log(kError, "could not load the textures");
 
@@ -137,9 +137,9 @@ bool XModel::ReadBinaryNode(XFileIO& file, const BinaryChunk& chunk)
 
 XFileResult XModel::SaveBinary(XFileIO& file)
 {
-    XString header = "|VKT_004B#" + XFileHeaderTail();
-    header.resize(kHeaderSize);
-    if (!file.DoData(reinterpret_cast<u8*>(header.data()), kHeaderSize) || !DoImages(file))
+    XString header = XFileHeader{kCurrentVersion, XFileForm::kBinary}.Text(XFileHeaderTail());
+    header.resize(XFileHeader::kSize);
+    if (!file.DoData(reinterpret_cast<u8*>(header.data()), XFileHeader::kSize) || !DoImages(file))
         return FileCorrupt;
     if (m_Info && !m_Info->DoData(file))
         return FileCorrupt;

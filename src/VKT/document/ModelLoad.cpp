@@ -5,6 +5,7 @@
 #include "VKT/document/Model.h"
 #include "VKT/hierarchy/BoneWalk.h"
 #include "VKT/node/FnRegistry.h"
+#include "VKT/stream/FileHeader.h"
 #include "VKT/stream/TextReader.h"
 
 // What both forms of a file share: the header, the version rule, and what is done after
@@ -13,19 +14,8 @@
 namespace VKT {
 namespace {
 
-constexpr std::string_view kFormatMark = "|VKT_";
-
 // A file can hold any number of what a load drops.
 constexpr u32 kMostDroppedKept = 1000;
-
-// Three digits at offset 5 of the header.
-u32 VersionOf(std::string_view header)
-{
-    u32 version = 0;
-    for (std::size_t i = 5; i < 8 && i < header.size() && header[i] >= '0' && header[i] <= '9'; ++i)
-        version = 10 * version + static_cast<u32>(header[i] - '0');
-    return version;
-}
 
 }  // namespace
 
@@ -40,16 +30,18 @@ XFileResult XModel::Load(const char* path, bool loadCycles)
             PostLoad();
             return FileOk;
         }
-        char header[26] = "";
+        char start[XFileHeader::kSize] = "";
         std::FILE* const file = std::fopen(path, "rb");
         if (!file)
             return FileOpenFailed;
-        const std::size_t length = std::fread(header, 1, 25, file);
+        const std::size_t length = std::fread(start, 1, sizeof start, file);
         std::fclose(file);
-        XFileResult result = CheckHeader({header, length}, path);
+        const std::string_view header(start, length);
+        XFileResult result = CheckHeader(header, path);
         if (result != FileOk)
             return result;
-        result = header[8] == 'A' ? LoadAscii(path, loadCycles) : LoadBin(path, loadCycles);
+        result = XFileHeader::Of(header)->form == XFileForm::kText ? LoadAscii(path, loadCycles)
+                                                                   : LoadBin(path, loadCycles);
         PostLoad();
         return result;
     });
@@ -84,13 +76,14 @@ XFileResult XModel::LoadSafely(const char* path, Reading read)
     return result;
 }
 
-XFileResult XModel::CheckHeader(std::string_view header, const char* path)
+XFileResult XModel::CheckHeader(std::string_view start, const char* path)
 {
-    if (!header.starts_with(kFormatMark)) {
+    const std::optional<XFileHeader> header = XFileHeader::Of(start);
+    if (!header) {
         GetLogger()->LogFormat(kError, "File is \"%s\" is not an vkt file", path);
         return FileNotVkt;
     }
-    const u32 version = VersionOf(header);
+    const u32 version = header->version;
     if (version > kCurrentVersion) {
         GetLogger()->LogFormat(kError, "opening file: file version %d is newer than vkt version %d", version,
                                kCurrentVersion);

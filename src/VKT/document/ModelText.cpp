@@ -3,6 +3,7 @@
 
 #include "VKT/document/Model.h"
 #include "VKT/node/FnRegistry.h"
+#include "VKT/stream/FileHeader.h"
 #include "VKT/stream/NodeName.h"
 #include "VKT/stream/TextReader.h"
 #include "VKT/stream/TextWriter.h"
@@ -33,7 +34,7 @@ XFileResult XModel::LoadAsciiStream(XTextReader& in, const char* path, bool load
     if (result != FileOk)
         return result;
     in.SetVersion(m_Version);
-    if (header.size() < 9 || header[8] != 'A') {
+    if (XFileHeader::Of(header)->form != XFileForm::kText) {
         GetLogger()->LogFormat(kError, "File is \"%s\" is not an ascii vkt file", path);
         return FileNotVkt;
     }
@@ -132,7 +133,7 @@ XFileResult XModel::SkipTextChunk(XTextReader& in, const XString& key, const XSt
 
 XFileResult XModel::SaveAscii(XTextWriter& out)
 {
-    out << "|VKT_004A#" << XFileHeaderTail() << '\n';
+    out << XFileHeader{kCurrentVersion, XFileForm::kText}.Text(XFileHeaderTail()) << '\n';
     if (m_Info)
         m_Info->Write(out);
     for (const auto& [header, definition] : m_NewNodes)

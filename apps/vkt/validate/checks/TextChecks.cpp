@@ -5,8 +5,9 @@
 #include "VKT/animation/AnimCycle.h"
 #include "VKT/animation/AnimationTake.h"
 #include "VKT/document/Model.h"
-#include "VKT/registry/UserNode.h"
+#include "VKT/node/FnRegistry.h"
 #include "VKT/rigging/ObjectSet.h"
+#include "VKT/stream/FileHeader.h"
 #include "VKT/stream/TextWriter.h"
 #include "common/MessageCatcher.h"
 #include "common/NodeFields.h"
@@ -99,10 +100,10 @@ void CheckText(const VKT::XBase& node, Findings& findings)
     if (!CheckNumbers(node, findings) || VKT::XCast<VKT::XAnimationTake>(&node))
         return;
     VKT::XTextWriter out;
-    out << "|VKT_004A#0000#00000000|\n";
+    out << VKT::XFileHeader{VKT::kCurrentVersion, VKT::XFileForm::kText}.Text(VKT::XFileHeaderTail()) << '\n';
     if (const VKT::XInheritedNode* definition = node.GetInheritedFrom())
         definition->Write(out);
-    if (const VKT::XNewNode* definition = VKT::GetUserDefinition(node))
+    if (const VKT::XNewNode* definition = node.GetUserDefinition())
         definition->Write(out);
     bool isWritten = false;
     {
