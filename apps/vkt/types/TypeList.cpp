@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "VKT/document/Model.h"
-#include "VKT/node/BodyTableText.h"
+#include "VKT/node/BodyRowWords.h"
 #include "VKT/node/FnRegistry.h"
 #include "VKT/stream/TextWriter.h"
 

@@ -1,4 +1,4 @@
-#include "VKT/node/BodyTableText.h"
+#include "VKT/node/BodyRowWords.h"
 
 #include "VKT/node/Base.h"
 

@@ -1,4 +1,4 @@
-#include "VKT/node/BodyTableText.h"
+#include "VKT/node/BodyRowWords.h"
 
 #include <gtest/gtest.h>
 
@@ -36,7 +36,7 @@ std::string Bytes(const XStored& stored)
     return KindOf(stored).bytes;
 }
 
-TEST(BodyTableText, KindsSayHowAValueStandsInFiles)
+TEST(BodyRowWords, KindsSayHowAValueStandsInFiles)
 {
     EXPECT_EQ(Name(Seen(&Record::number)), "f32");
     EXPECT_EQ(Bytes(Seen(&Record::number)), "4");
@@ -57,7 +57,7 @@ TEST(BodyTableText, KindsSayHowAValueStandsInFiles)
     EXPECT_EQ(Bytes(XStoredText{}), "");
 }
 
-TEST(BodyTableText, WordsAreThoseOfAnEnumerationAlone)
+TEST(BodyRowWords, WordsAreThoseOfAnEnumerationAlone)
 {
     const XStored word = Word(&Record::kind, kKinds);
     ASSERT_EQ(WordsOf(word).size(), 2u);
@@ -65,7 +65,7 @@ TEST(BodyTableText, WordsAreThoseOfAnEnumerationAlone)
     EXPECT_TRUE(WordsOf(Seen(&Record::kind)).empty());
 }
 
-TEST(BodyTableText, RowsOfOneMemberAreTheSameFieldInWhateverKind)
+TEST(BodyRowWords, RowsOfOneMemberAreTheSameFieldInWhateverKind)
 {
     EXPECT_TRUE(IsSameField(Seen(&Record::number), Seen(&Record::number)));
     EXPECT_FALSE(IsSameField(Seen(&Record::number), Seen(&Record::other)));
@@ -77,7 +77,7 @@ TEST(BodyTableText, RowsOfOneMemberAreTheSameFieldInWhateverKind)
     EXPECT_FALSE(IsSameField(DroppedNumber(), DroppedNumber()));
 }
 
-TEST(BodyTableText, KeyOfAnInputIsItsName)
+TEST(BodyRowWords, KeyOfAnInputIsItsName)
 {
     XModel model;
     const Record record(&model);
@@ -87,7 +87,7 @@ TEST(BodyTableText, KeyOfAnInputIsItsName)
     EXPECT_EQ(KeyOf(&Record::number, record), "");
 }
 
-TEST(BodyTableText, GatesHaveNames)
+TEST(BodyRowWords, GatesHaveNames)
 {
     EXPECT_STREQ(GateName(XGate::kAlways), "");
     EXPECT_STREQ(GateName(XGate::kSince), "since");
@@ -98,7 +98,7 @@ TEST(BodyTableText, GatesHaveNames)
 
 // The compiler finds out; here stand classes of all four cases, and one whose base has no
 // type of its own.
-TEST(BodyTableText, RegistryTellsWhoHasCodeBesidesTables)
+TEST(BodyRowWords, RegistryTellsWhoHasCodeBesidesTables)
 {
     const VKT::Test::RegistryScope registry;
     const auto code = [](const char* name) {
