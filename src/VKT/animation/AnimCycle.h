@@ -50,7 +50,7 @@ public:
     // The whole chunk, header and braces included.
     bool WriteChunk(XTextWriter& out) const override;
     // Starts behind the opening brace and takes the closing one.
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
 
     static XBodyTable TextBody();
     static XBodyTable BinaryBody() { return TextBody(); }

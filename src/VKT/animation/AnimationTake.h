@@ -49,7 +49,7 @@ public:
     bool DoData(XFileIO& file) override;
     // Animated nodes that the document does not hold are left out, with a warning.
     bool WriteChunk(XTextWriter& out) const override;
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
 
     static XBodyTable TextBody();
     static XBodyTable BinaryBody() { return TextBody(); }

@@ -11,7 +11,7 @@ public:
 
     bool NodeDeath(u32 id) override;
     void PreDelete(std::set<u32>& ids) override;
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
 
     static XPropertyTable Properties();
 };

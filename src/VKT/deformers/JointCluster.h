@@ -10,7 +10,7 @@ class XJointCluster : public XNodeClass<XJointCluster, XPointCluster, kFnJointCl
 public:
     using XNodeClass::XNodeClass;
 
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
 
     static XPropertyTable Properties();
 };

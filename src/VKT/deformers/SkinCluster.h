@@ -45,7 +45,7 @@ public:
     void DoCopy(const XBase* source) override;
     bool WriteChunk(XTextWriter& out) const override;
     // Makes the weights of each point sum up to 1, which the binary form does not do.
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
 
     static XPropertyTable Properties();
 

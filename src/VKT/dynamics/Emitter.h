@@ -98,7 +98,7 @@ public:
     bool NodeDeath(u32 id) override;
     // Feeds the source's particles where the copy flags ask for links.
     void DoCopy(const XBase* source) override;
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
     // Makes itself known to its particle shape, which so need not look for its emitters.
     void PostLoad() override;
 

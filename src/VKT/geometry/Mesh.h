@@ -77,7 +77,7 @@ public:
     // A text file has at least three corners per face and an index per corner and uv set.
     // Damaged meshes are filled up with their last corner and with 0.
     bool WriteChunk(XTextWriter& out) const override;
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
 
 private:
     friend class XMeshVertexColours;

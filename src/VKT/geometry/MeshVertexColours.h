@@ -36,7 +36,7 @@ public:
     bool DoData(XFileIO& file) override;
     void DoCopy(const XBase* source) override;
     bool WriteChunk(XTextWriter& out) const override;
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
     // Makes itself known to the mesh, so that a mesh need not search the document.
     void PostLoad() override;
 

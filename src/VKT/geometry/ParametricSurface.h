@@ -31,7 +31,7 @@ public:
     bool DoData(XFileIO& file) override;
     void DoCopy(const XBase* source) override;
     bool WriteChunk(XTextWriter& out) const override;
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
 
     // The text form has the trim data alone; XNurbsSurface adds the rest to its own.
     static XBodyTable BinaryBody();

@@ -119,7 +119,7 @@ public:
     bool DoData(XFileIO& file) override;
     void DoCopy(const XBase* source) override;
     bool WriteChunk(XTextWriter& out) const override;
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
 
 private:
     bool ReadPolyCounts(XTextReader& in);

@@ -24,7 +24,7 @@ public:
     bool DoData(XFileIO& file) override;
     void DoCopy(const XBase* source) override;
     bool WriteChunk(XTextWriter& out) const override;
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
 
     // Behind these, both forms hold the two ramps.
     static XBodyTable TextBody();

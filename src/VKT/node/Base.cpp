@@ -75,7 +75,7 @@ bool XBase::WriteChunk(XTextWriter& out) const
 
 bool XBase::ReadChunk(XTextReader& in)
 {
-    return in.IsGood();
+    return ReadFields(in) && in.IsGood();
 }
 
 void XBase::SetName(const char* name)

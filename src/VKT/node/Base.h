@@ -67,11 +67,11 @@ public:
     virtual void DoCopy(const XBase* source);
     // Writes and reads the class's own lines between header and trailer of a text chunk.
     virtual bool WriteChunk(XTextWriter& out) const;
-    virtual bool ReadChunk(XTextReader& in);
+    bool ReadChunk(XTextReader& in);
     // What `ReadChunk` reads, class by class. False after a logged failure; a number that
     // fails to come is seen at the next key, be it that of a class below, and in silence
     // by `ReadChunk` where none follows.
-    bool ReadFields(XTextReader&) { return true; }
+    virtual bool ReadFields(XTextReader&) { return true; }
     // Called on every node, in name order, once the whole file is read.
     virtual void PostLoad() {}
 
@@ -129,6 +129,8 @@ public:
     // inherits these and adds nothing.
     static XBodyTable TextBody() { return {}; }
     static XBodyTable BinaryBody() { return {}; }
+    static XBodyTable OldTextBody() { return {}; }
+    static XBodyTable OldBinaryBody() { return {}; }
     static XPropertyTable Properties() { return {}; }
     static const XNodeProperties* ClassProperties() { return XNodeProperties::Empty(); }
 

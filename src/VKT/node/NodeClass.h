@@ -6,11 +6,21 @@
 
 namespace VKT {
 
-// Whether two functions are one: whether a class has a table of its own or inherits it.
-template <auto First, auto Second>
-inline constexpr bool kIsSame = false;
+// What a table function of a class answers when it is its own, and nothing when it is that of
+// the base, whose business it is then.
+template <auto Function, auto Inherited>
+struct XOwnTable {
+    static XBodyTable Get() { return Function(); }
+};
 template <auto Function>
-inline constexpr bool kIsSame<Function, Function> = true;
+struct XOwnTable<Function, Function> {
+    static XBodyTable Get() { return {}; }
+};
+// Whether a class declares a function itself or inherits it.
+template <auto Function, auto Inherited>
+inline constexpr bool kIsOwn = true;
+template <auto Function>
+inline constexpr bool kIsOwn<Function, Function> = false;
 
 // What a node class is made of: its id, its base, and its tables.
 //
@@ -39,6 +49,7 @@ template <class Self, class Base, u32 Type>
 class XNodeClass : public Base {
 public:
     static constexpr u32 kType = Type;
+    using XParent = Base;
 
     using Base::Base;
 
@@ -47,41 +58,23 @@ public:
     XBase* HasFn(u32 type) override { return type == Type ? this : Base::HasFn(type); }
     const XNodeProperties* GetNodeProperties() const override { return Self::ClassProperties(); }
 
-    static const XNodeProperties* ClassProperties()
-    {
-        if constexpr (kIsSame<&Self::Properties, &Base::Properties>) {
-            return Base::ClassProperties();
-        } else {
-            static const XNodeProperties properties(Type, Self::Properties(), Base::ClassProperties(),
-                                                    Total());
-            return &properties;
-        }
-    }
-
     bool DoData(XFileIO& file) override
     {
-        if constexpr (HasOldBinaryBody())
-            if (const XBodyTable old = Self::OldBinaryBody(); file.IsReading() && file.IsBelow(old.below))
-                return XBase::DoData(file) && DoBinaryBody(*this, old, file);
+        if (const XBodyTable old = OwnOldBinaryBody(); file.IsReading() && file.IsBelow(old.below))
+            return XBase::DoData(file) && DoBinaryBody(*this, old, file);
         return Base::DoData(file) && DoOwnBinaryBody(file);
     }
 
     bool WriteChunk(XTextWriter& out) const override
     {
-        return Base::WriteChunk(out) && WriteOwnTextBody(out);
+        return Base::WriteChunk(out) && WriteTextBody(*this, OwnTextBody(), out);
     }
 
-    bool ReadChunk(XTextReader& in) override
+    bool ReadFields(XTextReader& in) override
     {
-        return static_cast<Self*>(this)->Self::ReadFields(in) && in.IsGood();
-    }
-
-    bool ReadFields(XTextReader& in)
-    {
-        if constexpr (HasOldTextBody())
-            if (const XBodyTable old = Self::OldTextBody(); in.IsBelow(old.below))
-                return ReadTextBody(*this, old, in);
-        return Base::ReadFields(in) && ReadOwnTextBody(in);
+        if (const XBodyTable old = OwnOldTextBody(); in.IsBelow(old.below))
+            return ReadTextBody(*this, old, in);
+        return Base::ReadFields(in) && ReadTextBody(*this, OwnTextBody(), in);
     }
 
     void DoCopy(const XBase* source) override
@@ -90,40 +83,34 @@ public:
         if (!other)
             return;
         Base::DoCopy(source);
-        if constexpr (!kIsSame<&Self::BinaryBody, &Base::BinaryBody>)
-            CopyBody(*this, *other, Self::BinaryBody());
+        CopyBody(*this, *other, OwnBinaryBody());
     }
 
-    // The tables that the class itself declares, for `XClassTables`.
-    using XParent = Base;
-    static XBodyTable OwnTextBody()
-    {
-        if constexpr (!kIsSame<&Self::TextBody, &Base::TextBody>)
-            return Self::TextBody();
-        else
-            return {};
-    }
-    static XBodyTable OwnBinaryBody()
-    {
-        if constexpr (!kIsSame<&Self::BinaryBody, &Base::BinaryBody>)
-            return Self::BinaryBody();
-        else
-            return {};
-    }
-    static XBodyTable OwnOldTextBody()
-    {
-        if constexpr (HasOldTextBody())
-            return Self::OldTextBody();
-        else
-            return {};
-    }
+    // The tables that the class itself declares. An old body that it does not declare is below
+    // version 0: no file has it.
+    static XBodyTable OwnTextBody() { return XOwnTable<&Self::TextBody, &Base::TextBody>::Get(); }
+    static XBodyTable OwnBinaryBody() { return XOwnTable<&Self::BinaryBody, &Base::BinaryBody>::Get(); }
+    static XBodyTable OwnOldTextBody() { return XOwnTable<&Self::OldTextBody, &Base::OldTextBody>::Get(); }
     static XBodyTable OwnOldBinaryBody()
     {
-        if constexpr (HasOldBinaryBody())
-            return Self::OldBinaryBody();
-        else
-            return {};
+        return XOwnTable<&Self::OldBinaryBody, &Base::OldBinaryBody>::Get();
     }
+
+    static const XNodeProperties* ClassProperties()
+    {
+        if constexpr (!kIsOwn<&Self::Properties, &Base::Properties>) {
+            return Base::ClassProperties();
+        } else {
+            static const XNodeProperties properties(Type, Self::Properties(), Base::ClassProperties(),
+                                                    Total());
+            return &properties;
+        }
+    }
+
+protected:
+    // The class's own rows alone, for a class that moves something between those of its base and
+    // its own.
+    bool DoOwnBinaryBody(XFileIO& file) { return DoBinaryBody(*this, OwnBinaryBody(), file); }
 
 private:
     // What the class reports as the number of its properties; 0 for the sum of the rows.
@@ -133,54 +120,6 @@ private:
             return Self::kNumProperties;
         else
             return 0;
-    }
-
-protected:
-    // The class's own tables alone.
-    bool DoOwnBinaryBody(XFileIO& file)
-    {
-        if constexpr (!kIsSame<&Self::BinaryBody, &Base::BinaryBody>)
-            return DoBinaryBody(*this, Self::BinaryBody(), file);
-        else
-            return true;
-    }
-    bool WriteOwnTextBody(XTextWriter& out) const
-    {
-        if constexpr (!kIsSame<&Self::TextBody, &Base::TextBody>)
-            return WriteTextBody(*this, Self::TextBody(), out);
-        else
-            return true;
-    }
-    bool ReadOwnTextBody(XTextReader& in)
-    {
-        if constexpr (!kIsSame<&Self::TextBody, &Base::TextBody>)
-            return ReadTextBody(*this, Self::TextBody(), in);
-        else
-            return true;
-    }
-
-private:
-    // Whether the class itself declares an old body; one that it inherits is its base's
-    // business.
-    static constexpr bool HasOldBinaryBody()
-    {
-        if constexpr (requires { Base::OldBinaryBody(); })
-            return !kIsSame<&Self::OldBinaryBody, &Base::OldBinaryBody>;
-        else
-            return requires
-            {
-                Self::OldBinaryBody();
-            };
-    }
-    static constexpr bool HasOldTextBody()
-    {
-        if constexpr (requires { Base::OldTextBody(); })
-            return !kIsSame<&Self::OldTextBody, &Base::OldTextBody>;
-        else
-            return requires
-            {
-                Self::OldTextBody();
-            };
     }
 };
 

@@ -38,7 +38,7 @@ public:
 
     void DoCopy(const XBase*) override {}
     bool WriteChunk(XTextWriter& out) const override { return NodeClass::WriteChunk(out) && WriteBody(out); }
-    bool ReadFields(XTextReader& in)
+    bool ReadFields(XTextReader& in) override
     {
         return NodeClass::ReadFields(in) && (ReadBody(in) || ReadRawBody(in, m_Data));
     }

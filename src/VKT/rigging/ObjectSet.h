@@ -17,7 +17,7 @@ public:
     bool WriteChunk(XTextWriter& out) const override;
     // Kept on purpose: the annotation is read up to its first blank, with the quote in front
     // of it and one behind it taken off. What follows passes as keys of a newer writer.
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
 
     static XPropertyTable Properties();
 

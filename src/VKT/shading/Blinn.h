@@ -16,7 +16,7 @@ public:
     void SetSpecularRollOff(f32 rollOff) { m_SpecularRollOff = rollOff; }
 
     bool DoData(XFileIO& file) override;
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
 
     static XBodyTable TextBody();
     static XBodyTable BinaryBody() { return TextBody(); }

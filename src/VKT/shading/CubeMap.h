@@ -28,7 +28,7 @@ public:
     void SetBack(u32 id) { SetImage(kBack, id); }
 
     bool WriteChunk(XTextWriter& out) const override;
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
 
     static XBodyTable TextBody();
     static XBodyTable BinaryBody();

@@ -40,7 +40,7 @@ public:
     bool DoData(XFileIO& file) override;
     void DoCopy(const XBase* source) override;
     bool WriteChunk(XTextWriter& out) const override;
-    bool ReadFields(XTextReader& in);
+    bool ReadFields(XTextReader& in) override;
 
 private:
     static bool HoldsInputs(u32 ramp) { return ramp <= kEnvironmentRamp; }
