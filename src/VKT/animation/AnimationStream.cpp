@@ -28,7 +28,7 @@ XAnimationStream::XAnimationStream(XStreamType type, XAnimatedAttribute& attribu
 
 u32 XAnimationStream::GetDataSize() const
 {
-    XFileIO measure{XFileIO::Measure{}};
+    XFileIO measure = XFileIO::Measuring();
     const_cast<XAnimationStream*>(this)->DoData(measure);  // a measure changes nothing
     return static_cast<u32>(kHeaderSize + measure.GetMeasure());
 }

@@ -209,7 +209,7 @@ bool XInstance::ReadMaterials(XTextReader& in, const XBone& bone)
 
 bool XInstance::DoData(XFileIO& file)
 {
-    const bool withMaterials = file.IsReading() || SavesMaterials(*this);
+    const bool withMaterials = file.IsReading() || file.IsListing() || SavesMaterials(*this);
     u8 hasGroups = withMaterials && !m_MaterialGroups.empty();
     if (!file.DoData(m_Name) || !file.DoId(m_Object) || !file.DoData(hasGroups))
         return false;

@@ -61,7 +61,8 @@ bool XGeometry::DoData(XFileIO& file)
     if (!XShape::DoData(file) || !file.DoData(m_Points))
         return false;
     XIndexList none;
-    XIndexList& queue = file.IsReading() || SavesDeformers(*this) ? m_DeformerQueue : none;
+    const bool isWhole = file.IsReading() || file.IsListing() || SavesDeformers(*this);
+    XIndexList& queue = isWhole ? m_DeformerQueue : none;
     // The flag stands in binary files of every version, other than in text files.
     return file.DoIds(queue) && file.DoData(m_IntermediateObject);
 }

@@ -158,7 +158,7 @@ bool XBone::DoInstances(XFileIO& file)
 {
     constexpr u64 kLeastBytes = 11;  // an empty name, the shape, the form and a material
     XInstanceList instances;
-    if (file.IsWriting() && GetModel()->GetSaveFlags().Test(SaveShapes))
+    if (file.IsListing() || (file.IsWriting() && GetModel()->GetSaveFlags().Test(SaveShapes)))
         ListInstances(instances);
     u32 count = 0;
     if (!file.DoCount(count, instances.size(), kLeastBytes))

@@ -40,7 +40,7 @@ bool DoConnections(XFileIO& file, XVector<XConnection>& connections)
     if (file.IsReading())
         connections.resize(count);
     return std::all_of(connections.begin(), connections.end(), [&](XConnection& connection) {
-        return file.DoId(connection.m_Node) && file.DoData(connection.m_Index) &&
+        return file.DoData(connection.m_Node) && file.DoData(connection.m_Index) &&
                file.DoData(connection.m_Attribute);
     });
 }

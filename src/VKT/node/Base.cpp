@@ -23,19 +23,22 @@ XBase::~XBase() = default;
 
 u32 XBase::GetDataSize() const
 {
-    XFileIO measure{XFileIO::Measure{}};
+    XFileIO measure = XFileIO::Measuring();
     const_cast<XBase*>(this)->DoData(measure);  // a measure changes nothing
     return static_cast<u32>(kChunkHeaderSize + measure.GetMeasure());
 }
 
 void XBase::ListReferences(XIndexList& ids) const
 {
-    XFlagStack& flags = m_Model->GetSaveFlags();
-    const XFlagStack kept = flags;
-    flags.Set(0xFFFFFFFF);  // what a save may leave out is named all the same
-    XFileIO walk(ids);
-    const_cast<XBase*>(this)->DoData(walk);  // a measure changes nothing
-    flags = kept;
+    if (m_ExtraAttributes)
+        m_ExtraAttributes->ListConnected(ids);
+    ListFieldReferences(ids);
+}
+
+void XBase::ListFieldReferences(XIndexList& ids) const
+{
+    XFileIO listing = XFileIO::Listing(ids);
+    const_cast<XBase*>(this)->DoData(listing);  // which changes nothing
 }
 
 bool XBase::NodeDeath(u32 id)
@@ -63,7 +66,7 @@ bool XBase::DoData(XFileIO& file)
     // The loader has made the block of a chunk whose header says that there is one.
     if (file.IsReading())
         return !m_ExtraAttributes || m_ExtraAttributes->DoData(file);
-    return !SavesExtraAttributes() || m_ExtraAttributes->DoData(file);
+    return file.IsListing() || !SavesExtraAttributes() || m_ExtraAttributes->DoData(file);
 }
 
 void XBase::DoCopy(const XBase*) {}

@@ -53,8 +53,10 @@ public:
     // document's flags would write it. Changes nothing on the node.
     virtual u32 GetDataSize() const;
     // Appends the ids of all nodes that this one names, in its binary chunk or in memory
-    // alone; repeated ones and 0 for none are among them.
+    // alone; repeated ones and 0 for none are among them. Fields alone leave out the
+    // connections of extra attributes, which stand at both their ends.
     void ListReferences(XIndexList& ids) const;
+    void ListFieldReferences(XIndexList& ids) const;
     // Drops every reference to the dying node `id`. False tells the document that this
     // node has no reason to live on.
     virtual bool NodeDeath(u32 id);

@@ -49,6 +49,14 @@ void XExtraAttributes::NodeDeath(XModel& model, u32 id)
         attribute->NodeDeath(model, id);
 }
 
+void XExtraAttributes::ListConnected(XIndexList& ids) const
+{
+    for (const auto& attribute : m_Attributes)
+        for (const auto* connections : {&attribute->GetInputs(), &attribute->GetOutputs()})
+            for (const XConnection& connection : *connections)
+                ids.push_back(connection.m_Node);
+}
+
 void XExtraAttributes::Write(XTextWriter& out, const XModel& model) const
 {
     out << "\tEXTRA_ATTRIBUTES\n\t{\n";

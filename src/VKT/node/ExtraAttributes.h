@@ -21,6 +21,8 @@ public:
     // Replaces the attributes by copies of those of `other`, connections included.
     void Copy(const XExtraAttributes& other);
     const XVector<std::unique_ptr<XAttribute>>& GetAttributes() const { return m_Attributes; }
+    // Appends the ids of the nodes at the other ends of all connections.
+    void ListConnected(XIndexList& ids) const;
     void NodeDeath(XModel& model, u32 id);
 
     // The blocks `EXTRA_ATTRIBUTES` and, when there is a connection anywhere,

@@ -31,10 +31,10 @@ public:
     // `Close` or `GetFile`.
     XFileIO(std::FILE* file, bool reading);
     // A stream that writes nowhere and adds up what a write would take: `GetMeasure`.
-    struct Measure {};
-    explicit XFileIO(Measure) : m_Measuring(true) {}
-    // The same, and the ids of nodes that pass through it are appended to `ids`.
-    explicit XFileIO(XIndexList& ids) : m_Measuring(true), m_Ids(&ids) {}
+    static XFileIO Measuring() { return XFileIO(nullptr); }
+    // One that takes all that a node holds, whatever a save would leave out, and appends the ids of
+    // nodes among it to `ids`.
+    static XFileIO Listing(XIndexList& ids) { return XFileIO(&ids); }
     ~XFileIO();
     XFileIO(const XFileIO&) = delete;
     XFileIO& operator=(const XFileIO&) = delete;
@@ -47,6 +47,7 @@ public:
     bool IsReading() const { return m_Reading; }
     bool IsWriting() const { return !m_Reading; }
     bool IsMeasuring() const { return m_Measuring; }
+    bool IsListing() const { return m_Ids != nullptr; }
     // Whether there is a file and, when reading, no read has run into its end.
     bool IsValid() const { return m_File && !(m_Reading && m_AtEnd); }
     // Whether a read has run into the end of the file.
@@ -119,6 +120,8 @@ public:
     bool DoCount(u32& count, std::size_t size, u64 elementBytes);
 
 private:
+    explicit XFileIO(XIndexList* ids) : m_Measuring(true), m_Ids(ids) {}
+
     using Transfer = std::size_t (*)(void*, std::size_t, std::size_t, std::FILE*);
 
     template <class T>

@@ -117,7 +117,7 @@ TEST_F(SkinCluster, BothFormsNameTheInfluencesAsNodes)
     m_Skin.WriteChunk(out);
     EXPECT_EQ(named, (std::set<u32>{2, 3, 4, 5}));
     XIndexList referred;
-    XFileIO references(referred);
+    XFileIO references = XFileIO::Listing(referred);
     m_Skin.DoData(references);
     EXPECT_EQ(referred, (XIndexList{2, 3, 4, 5}));
 }

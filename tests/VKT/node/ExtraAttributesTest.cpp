@@ -184,7 +184,7 @@ TEST_F(ExtraAttributes, ManyClaimedAttributesFailWithoutMemory)
     body.replace(11, 4, "\xff\xff\xff\xff");
     XModel model;
     XNonLinearWave wave(&model);
-    XFileIO measure{XFileIO::Measure{}};
+    XFileIO measure = XFileIO::Measuring();
     wave.CreateExtraAttribute("there");
     EXPECT_FALSE(ReadBody(wave, body));
 }

@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "VKT/animation/AnimCycle.h"
+#include "VKT/node/Attribute.h"
 #include "VKT/node/FnRegistry.h"
 #include "VKT/samples/Samples.h"
 #include "VKT/support/NodeTest.h"
@@ -340,6 +341,39 @@ TEST_P(SampleSweep, WhatTextNamesIsKnownAsAReference)
         node->ListReferences(known);
         for (const u32 id : IdsIn(*node))
             EXPECT_THAT(known, testing::Contains(id)) << node->GetName();
+    }
+}
+
+TEST_P(SampleSweep, ReferencesAreThoseOfAllThatANodeHolds)
+{
+    for (const XBase* node : Nodes()) {
+        XIndexList ids;
+        node->ListReferences(ids);
+        m_Model.GetSaveFlags().Clear(0xFFFFFFFF);
+        XIndexList withoutFlags;
+        node->ListReferences(withoutFlags);
+        EXPECT_EQ(withoutFlags, ids) << node->GetName();
+        EXPECT_FALSE(m_Model.GetSaveFlags().Test(0xFFFFFFFF));
+        m_Model.GetSaveFlags().Set(0xFFFFFFFF);
+    }
+}
+
+TEST_P(SampleSweep, FieldsAloneLeaveOutConnections)
+{
+    for (XBase* node : Nodes()) {
+        XIndexList before;
+        node->ListFieldReferences(before);
+        XAttribute* const attribute = node->CreateExtraAttribute("connected");
+        ASSERT_NE(attribute, nullptr);
+        attribute->SetInput(0, 4001, "speed");
+        attribute->AddOutput(0, 4002, "speed");
+        XIndexList fields;
+        node->ListFieldReferences(fields);
+        EXPECT_EQ(fields, before) << node->GetName();
+        XIndexList all;
+        node->ListReferences(all);
+        EXPECT_THAT(all, testing::IsSupersetOf(fields));
+        EXPECT_THAT(all, testing::IsSupersetOf({4001u, 4002u}));
     }
 }
 

@@ -261,7 +261,7 @@ TEST(FileIO, DoCountHoldsACountAgainstTheBytesThatAreLeft)
 
 TEST(FileIO, MeasuresWhatItWouldWrite)
 {
-    XFileIO measure{XFileIO::Measure{}};
+    XFileIO measure = XFileIO::Measuring();
     EXPECT_TRUE(measure.IsWriting());
     EXPECT_TRUE(measure.IsMeasuring());
     u8 byte = 0;

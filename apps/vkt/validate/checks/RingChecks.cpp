@@ -3,7 +3,6 @@
 #include "VKT/document/Model.h"
 #include "VKT/geometry/Deformer.h"
 #include "VKT/geometry/Geometry.h"
-#include "VKT/node/ExtraAttributes.h"
 #include "VKT/rigging/Constraint.h"
 #include "VKT/rigging/NodeCollection.h"
 #include "VKT/shading/ShadingNode.h"
@@ -27,24 +26,13 @@ Nodes ListOfType(const VKT::XModel& model, VKT::u32 type)
     return nodes;
 }
 
-// Connections of extra attributes stand at both their ends, so that they are no direction.
-std::size_t NumConnections(const XBase& node)
-{
-    std::size_t count = 0;
-    if (const VKT::XExtraAttributes* attributes = node.GetExtraAttributes())
-        for (const auto& attribute : attributes->GetAttributes())
-            count += attribute->GetInputs().size() + attribute->GetOutputs().size();
-    return count;
-}
-
-// The nodes of a class that the fields of the node refer to. In a chunk the extra attributes
-// stand ahead of them.
+// The nodes of a class that the fields of the node refer to.
 void ListReferred(const XBase& node, VKT::u32 type, Nodes& next)
 {
     VKT::XIndexList ids;
-    node.ListReferences(ids);
-    for (std::size_t i = NumConnections(node); i < ids.size(); ++i)
-        if (const XBase* other = node.GetModel()->FindNode(ids[i]); other && VKT::IsOfType(*other, type))
+    node.ListFieldReferences(ids);
+    for (const VKT::u32 id : ids)
+        if (const XBase* other = node.GetModel()->FindNode(id); other && VKT::IsOfType(*other, type))
             next.push_back(other);
 }
 
