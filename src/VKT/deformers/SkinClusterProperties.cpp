@@ -64,7 +64,7 @@ XPropertyTable XSkinCluster::Properties()
     static constexpr auto setInfluences = [](XBase& node, const XNodeList& value) {
         XBoneList bones;
         for (XBase* bone : value) {
-            if (!Detail::Accepts(node, bone, kFnBone))
+            if (!AcceptsNode(node, bone, kFnBone))
                 return false;
             bones.push_back(XCast<XBone>(bone));
         }
@@ -77,7 +77,7 @@ XPropertyTable XSkinCluster::Properties()
     };
     // The only geometry from then on.
     static constexpr auto setAffected = [](XBase& node, XBase* const& value) {
-        if (!value || !Detail::Accepts(node, value, kFnGeometry))
+        if (!value || !AcceptsNode(node, value, kFnGeometry))
             return false;
         As<XSkinCluster>(node).m_Affected.clear();
         return As<XSkinCluster>(node).SetAffected(XCast<XGeometry>(value));

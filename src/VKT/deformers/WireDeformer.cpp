@@ -143,12 +143,12 @@ XPropertyTable XWireDeformer::Properties()
             [](const XBase& node, XNodeList& value) {
                 value.clear();
                 for (const XWireRecord& wire : As<XWireDeformer>(node).m_Wires)
-                    value.push_back(Detail::FindNode(node, wire.*Curve, kFnBase));
+                    value.push_back(FindNodeOfType(node, wire.*Curve, kFnBase));
                 return true;
             },
             [](XBase& node, const XNodeList& value) {
                 for (const XBase* curve : value)
-                    if (!Detail::Accepts(node, curve, kFnBase))
+                    if (!AcceptsNode(node, curve, kFnBase))
                         return false;
                 XWireDeformer& deformer = As<XWireDeformer>(node);
                 deformer.m_Wires.resize(value.size());

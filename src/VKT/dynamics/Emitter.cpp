@@ -18,7 +18,7 @@ XParticleShape* XEmitter::GetShape() const
 
 bool XEmitter::SetShape(XBase* shape)
 {
-    if (!Detail::Accepts(*this, shape, kFnParticleShape))
+    if (!AcceptsNode(*this, shape, kFnParticleShape))
         return false;
     Feed(shape ? shape->GetID() : 0);
     return true;
@@ -51,7 +51,7 @@ XBase* XEmitter::GetEmitterObject() const
 
 bool XEmitter::SetEmitterObject(const XBase* object)
 {
-    if (!Detail::Accepts(*this, object, kFnBase))
+    if (!AcceptsNode(*this, object, kFnBase))
         return false;
     m_EmitterObject = object ? object->GetID() : 0;
     return true;
@@ -64,7 +64,7 @@ XBase* XEmitter::GetEmitterTransform() const
 
 bool XEmitter::SetEmitterTransform(const XBase* transform)
 {
-    if (!Detail::Accepts(*this, transform, kFnBase))
+    if (!AcceptsNode(*this, transform, kFnBase))
         return false;
     m_EmitterTransform = transform ? transform->GetID() : 0;
     return true;

@@ -7,7 +7,7 @@ namespace VKT {
 
 bool XField::GetShapes(XNodeList& out) const
 {
-    Detail::ListNodes(*this, m_Shapes, kFnParticleShape, out);
+    ListNodesOf(*this, m_Shapes, kFnParticleShape, out);
     return !out.empty();
 }
 
@@ -25,7 +25,7 @@ void XField::RemoveShape(u32 id)
 bool XField::SetShapes(const XNodeList& shapes)
 {
     XIndexList accepted;
-    if (!Detail::ListIds(*this, shapes, kFnParticleShape, accepted))
+    if (!ToIds(*this, shapes, kFnParticleShape, accepted))
         return false;
     XNodeList former;
     GetShapes(former);

@@ -61,7 +61,7 @@ void XParticleShape::UnlinkFields()
 bool XParticleShape::SetFields(const XNodeList& fields)
 {
     XIndexList ids;
-    if (!Detail::ListIds(*this, fields, kFnField, ids))
+    if (!ToIds(*this, fields, kFnField, ids))
         return false;
     UnlinkFields();
     m_Fields = std::move(ids);
@@ -82,7 +82,7 @@ bool XParticleShape::AddEmitter(XEmitter* emitter)
 bool XParticleShape::SetEmitters(const XNodeList& emitters)
 {
     XIndexList accepted;
-    if (!Detail::ListIds(*this, emitters, kFnEmitter, accepted))
+    if (!ToIds(*this, emitters, kFnEmitter, accepted))
         return false;
     const XIndexList former = std::move(m_Emitters);
     m_Emitters.clear();
@@ -97,12 +97,12 @@ bool XParticleShape::SetEmitters(const XNodeList& emitters)
 
 XBase* XParticleShape::GetMaterial() const
 {
-    return Detail::FindNode(*this, m_Material, kFnMaterial);
+    return FindNodeOfType(*this, m_Material, kFnMaterial);
 }
 
 bool XParticleShape::SetMaterial(const XBase* material)
 {
-    if (!Detail::Accepts(*this, material, kFnMaterial))
+    if (!AcceptsNode(*this, material, kFnMaterial))
         return false;
     m_Material = material ? material->GetID() : 0;
     return true;
@@ -190,14 +190,14 @@ XBodyTable XParticleShape::BinaryBody()
 XPropertyTable XParticleShape::Properties()
 {
     static constexpr auto getEmitters = [](const XBase& node, XNodeList& value) {
-        Detail::ListNodes(node, As<XParticleShape>(node).m_Emitters, kFnEmitter, value);
+        ListNodesOf(node, As<XParticleShape>(node).m_Emitters, kFnEmitter, value);
         return true;
     };
     static constexpr auto setEmitters = [](XBase& node, const XNodeList& value) {
         return As<XParticleShape>(node).SetEmitters(value);
     };
     static constexpr auto getFields = [](const XBase& node, XNodeList& value) {
-        Detail::ListNodes(node, As<XParticleShape>(node).m_Fields, kFnField, value);
+        ListNodesOf(node, As<XParticleShape>(node).m_Fields, kFnField, value);
         return true;
     };
     static constexpr auto setFields = [](XBase& node, const XNodeList& value) {

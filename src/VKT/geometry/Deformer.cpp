@@ -60,7 +60,7 @@ XPropertyTable XDeformer::Properties()
                 return true;
             },
             [](XBase& node, XBase* const& value) {
-                if (!value || !Detail::Accepts(node, value, kFnGeometry))
+                if (!value || !AcceptsNode(node, value, kFnGeometry))
                     return false;
                 As<XDeformer>(node).m_Affected.assign(1, value->GetID());
                 return true;

@@ -147,7 +147,7 @@ XPropertyTable XGeometry::Properties()
             [](XBase& node, const XNodeList& value) {
                 XDeformerList queue;
                 for (XBase* entry : value) {
-                    if (!entry || !Detail::Accepts(node, entry, kFnDeformer))
+                    if (!entry || !AcceptsNode(node, entry, kFnDeformer))
                         return false;
                     queue.push_back(XCast<XDeformer>(entry));
                 }

@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "VKT/document/Model.h"
-#include "VKT/node/PropertyTable.h"
+#include "VKT/node/Base.h"
 
 namespace VKT {
 
@@ -15,36 +14,6 @@ const char* XPropertyTypeName(u32 type)
                                      "quaternion", "floatArray", "vectorArray", "integerArray", "nodeArray"};
     static_assert(std::size(names) == kPropertyNodeArray + 1);
     return names[type < std::size(names) ? type : kPropertyNone];
-}
-
-XBase* Detail::FindNode(const XBase& node, u32 id, u32 type)
-{
-    XBase* const found = node.GetModel()->FindNode(id);
-    return found ? found->HasFn(type) : nullptr;
-}
-
-bool Detail::Accepts(const XBase& node, const XBase* value, u32 type)
-{
-    return !value || (value->GetModel() == node.GetModel() && IsOfType(*value, type));
-}
-
-void Detail::ListNodes(const XBase& node, const XIndexList& ids, u32 type, XNodeList& out)
-{
-    out.clear();
-    for (const u32 id : ids)
-        if (XBase* found = FindNode(node, id, type))
-            out.push_back(found);
-}
-
-bool Detail::ListIds(const XBase& node, const XNodeList& nodes, u32 type, XIndexList& ids)
-{
-    if (std::any_of(nodes.begin(), nodes.end(),
-                    [&](const XBase* value) { return !value || !Accepts(node, value, type); }))
-        return false;
-    ids.resize(nodes.size());
-    std::transform(nodes.begin(), nodes.end(), ids.begin(),
-                   [](const XBase* value) { return value->GetID(); });
-    return true;
 }
 
 const XNodeProperties* XNodeProperties::Empty()

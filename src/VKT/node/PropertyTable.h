@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VKT/node/Base.h"
+#include "VKT/node/References.h"
 
 namespace VKT {
 
@@ -47,15 +48,6 @@ template <>
 inline constexpr XPropertyType kPropertyTypeOf<XIntList> = kPropertyIntegerArray;
 template <>
 inline constexpr XPropertyType kPropertyTypeOf<XNodeList> = kPropertyNodeArray;
-
-// The node of that id in the document of `node` when it answers to `type`, or null.
-XBase* FindNode(const XBase& node, u32 id, u32 type);
-// Whether a property of `node` that asks for `type` takes `value`, which may be null.
-bool Accepts(const XBase& node, const XBase* value, u32 type);
-// The nodes of those ids that the document of `node` holds and that answer to `type`.
-void ListNodes(const XBase& node, const XIndexList& ids, u32 type, XNodeList& out);
-// The ids of `nodes`. False, and `ids` as it was, when one of them is null or not accepted.
-bool ListIds(const XBase& node, const XNodeList& nodes, u32 type, XIndexList& ids);
 
 }  // namespace Detail
 
@@ -145,12 +137,12 @@ constexpr XPropertyInfo NodeField(u32 id, const char* name, u32 flags = 0)
     using Node = typename Detail::MemberOf<decltype(Member)>::Node;
     XPropertyAccess<XBase*> access;
     access.get = [](const XBase& node, XBase*& value) {
-        value = Detail::FindNode(node, As<Node>(node).*Member, NodeType);
+        value = FindNodeOfType(node, As<Node>(node).*Member, NodeType);
         return true;
     };
     if (!(flags & kReadOnly))
         access.set = [](XBase& node, XBase* const& value) {
-            if (!Detail::Accepts(node, value, NodeType))
+            if (!AcceptsNode(node, value, NodeType))
                 return false;
             As<Node>(node).*Member = value ? value->GetID() : 0;
             return true;
@@ -167,11 +159,11 @@ constexpr XPropertyInfo NodeListField(u32 id, const char* name, u32 flags = 0)
     return Computed<XNodeList>(
         id, name, flags,
         [](const XBase& node, XNodeList& value) {
-            Detail::ListNodes(node, As<Node>(node).*Member, NodeType, value);
+            ListNodesOf(node, As<Node>(node).*Member, NodeType, value);
             return true;
         },
         [](XBase& node, const XNodeList& value) {
-            return Detail::ListIds(node, value, NodeType, As<Node>(node).*Member);
+            return ToIds(node, value, NodeType, As<Node>(node).*Member);
         },
         NodeType);
 }
@@ -184,11 +176,11 @@ constexpr XPropertyInfo InputNode(u32 id, const char* name, u32 flags = 0)
     return Computed<XBase*>(
         id, name, flags,
         [](const XBase& node, XBase*& value) {
-            value = Detail::FindNode(node, (As<Node>(node).*Member).input, NodeType);
+            value = FindNodeOfType(node, (As<Node>(node).*Member).input, NodeType);
             return true;
         },
         [](XBase& node, XBase* const& value) {
-            if (!value || !Detail::Accepts(node, value, NodeType))
+            if (!value || !AcceptsNode(node, value, NodeType))
                 return false;
             (As<Node>(node).*Member).input = value->GetID();
             return true;

@@ -49,7 +49,7 @@ bool XConstraint::SetWeight(u32 i, f32 weight)
 // Names and weights stay at their places; those of further targets are empty and 1.
 bool XConstraint::SetTargets(const XNodeList& targets)
 {
-    if (!Detail::ListIds(*this, targets, kFnBase, m_Targets))
+    if (!ToIds(*this, targets, kFnBase, m_Targets))
         return false;
     m_TargetNames.resize(m_Targets.size());
     m_Weights.resize(m_Targets.size(), 1.0f);
@@ -162,7 +162,7 @@ XPropertyTable XConstraint::Properties()
         return As<XConstraint>(node).SetWeights(value);
     };
     static constexpr auto getTargets = [](const XBase& node, XNodeList& value) {
-        Detail::ListNodes(node, As<XConstraint>(node).m_Targets, kFnBase, value);
+        ListNodesOf(node, As<XConstraint>(node).m_Targets, kFnBase, value);
         return true;
     };
     static constexpr auto setTargets = [](XBase& node, const XNodeList& value) {
@@ -173,7 +173,7 @@ XPropertyTable XConstraint::Properties()
         return true;
     };
     static constexpr auto setConstrained = [](XBase& node, XBase* const& value) {
-        if (!Detail::Accepts(node, value, kFnBase))
+        if (!AcceptsNode(node, value, kFnBase))
             return false;
         As<XConstraint>(node).SetConstrained(value);
         return true;

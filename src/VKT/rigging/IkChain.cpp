@@ -18,7 +18,7 @@ bool XIkChain::GetChain(XBoneList& out) const
 
 bool XIkChain::SetChain(const XBoneList& chain)
 {
-    return Detail::ListIds(*this, XNodeList(chain.begin(), chain.end()), kFnBone, m_Chain);
+    return ToIds(*this, XNodeList(chain.begin(), chain.end()), kFnBone, m_Chain);
 }
 
 XBone* XIkChain::GetHandle() const

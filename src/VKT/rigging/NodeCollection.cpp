@@ -36,7 +36,7 @@ bool XNodeCollection::HasItem(const XBase* node) const
 
 bool XNodeCollection::GetItems(XNodeList& out) const
 {
-    Detail::ListNodes(*this, m_Items, kFnBase, out);
+    ListNodesOf(*this, m_Items, kFnBase, out);
     return !out.empty();
 }
 

@@ -22,7 +22,7 @@ constexpr XPropertyInfo LayerNodes(u32 id, const char* name)
             const XLayeredShader& shader = As<XLayeredShader>(node);
             value.clear();
             for (u32 layer = 0; layer < shader.GetNumLayers(); ++layer)
-                value.push_back(Detail::FindNode(node, shader.GetInput(layer, channel)->input, kFnMaterial));
+                value.push_back(FindNodeOfType(node, shader.GetInput(layer, channel)->input, kFnMaterial));
             return true;
         },
         [](XBase& node, const XNodeList& value) {
@@ -30,7 +30,7 @@ constexpr XPropertyInfo LayerNodes(u32 id, const char* name)
             if (value.size() != shader.GetNumLayers())
                 return false;
             for (const XBase* feeder : value)
-                if (!Detail::Accepts(node, feeder, kFnMaterial))
+                if (!AcceptsNode(node, feeder, kFnMaterial))
                     return false;
             for (u32 layer = 0; layer < shader.GetNumLayers(); ++layer)
                 shader.GetInput(layer, channel)->input = value[layer] ? value[layer]->GetID() : 0;

@@ -41,11 +41,11 @@ protected:
         return Computed<XBase*>(
             id, name, 0,
             [](const XBase& node, XBase*& value) {
-                value = Detail::FindNode(node, As<XTexture>(node).GetImage(Place), kFnTexPlacement2D);
+                value = FindNodeOfType(node, As<XTexture>(node).GetImage(Place), kFnTexPlacement2D);
                 return true;
             },
             [](XBase& node, XBase* const& value) {
-                if (!Detail::Accepts(node, value, kFnTexPlacement2D))
+                if (!AcceptsNode(node, value, kFnTexPlacement2D))
                     return false;
                 As<XTexture>(node).SetImage(Place, value ? value->GetID() : 0);
                 return true;
