@@ -142,6 +142,7 @@ TypeDescription Describe(const VKT::XFnInfo& info, const Infos& infos, const New
     out.formsAgree = tables.text.rows.data() == tables.binary.rows.data();
     out.text = DescribeText(tables.text, node);
     out.binary = DescribeBinary(tables.binary, textRows, node);
+    out.oldBelow = std::max(tables.oldText.below, tables.oldBinary.below);
     out.oldText = DescribeBinary(tables.oldText, textRows, node);
     out.oldBinary = DescribeBinary(tables.oldBinary, textRows, node);
     out.properties = DescribeProperties(tables, isRoot, infos);

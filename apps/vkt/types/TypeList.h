@@ -42,8 +42,9 @@ struct TypeDescription {
     bool formsAgree = false;  // the binary rows are those of the text
     std::vector<BodyRow> text;
     std::vector<BodyRow> binary;
-    std::vector<BodyRow> oldText;  // the whole body of files below version 4
+    std::vector<BodyRow> oldText;  // the whole body of files below a version
     std::vector<BodyRow> oldBinary;
+    VKT::u32 oldBelow = 0;                // that version; 0 for none
     std::vector<PropertyRow> properties;  // its own
     VKT::u32 numProperties = 0;           // as the class reports it, bases included
 };

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <set>
 
 #include "types/TypeList.h"
 
@@ -24,6 +25,17 @@ std::string VersionText(const BodyRow& row)
     if (row.gate.empty())
         return "";
     return (row.gate == "below" ? "below " : "from ") + std::to_string(row.version);
+}
+
+// The fields that came or went with a version, one behind the other.
+std::string ChangedFields(const std::vector<BodyRow>& rows, VKT::u32 version)
+{
+    std::string out;
+    for (const BodyRow& row : rows)
+        if (!row.gate.empty() && row.version == version)
+            out += (out.empty() ? "" : ", ") + (row.name.empty() ? "(no name)" : Code(row.name)) +
+                   (row.gate == "below" ? " (before alone)" : "");
+    return out;
 }
 
 // Cells between bars.
@@ -109,7 +121,8 @@ std::string BodyText(const TypeDescription& type)
     else if (!type.hasTextCode && !type.hasBinaryCode)
         out += "Adds nothing to its base.\n\n";
     if (!type.oldText.empty())
-        out += "The whole body below version 4, in place of all of the above and of the bases:\n\n" +
+        out += "The whole body below version " + std::to_string(type.oldBelow) +
+               ", in place of all of the above and of the bases:\n\n" +
                BothTables(type.oldText, type.oldBinary);
     return out;
 }
@@ -149,6 +162,38 @@ std::string TypeText(const TypeDescription& type)
     return out + "\n\n" + BodyText(type) + PropertyText(type);
 }
 
+// The versions that gates and old bodies name.
+std::set<VKT::u32> VersionsIn(const TypeList& types)
+{
+    std::set<VKT::u32> versions;
+    for (const TypeDescription& type : types) {
+        for (const std::vector<BodyRow>* rows : {&type.text, &type.binary})
+            for (const BodyRow& row : *rows)
+                if (!row.gate.empty())
+                    versions.insert(row.version);
+        if (type.oldBelow > 0)
+            versions.insert(type.oldBelow);
+    }
+    return versions;
+}
+
+std::string ChangesText(const TypeList& types, VKT::u32 version)
+{
+    Table table({"class", "text", "binary"});
+    for (const TypeDescription& type : types) {
+        const std::string name = "[" + type.name + "](#" + Anchor("class-", type.name) + ")";
+        std::string text = ChangedFields(type.text, version);
+        std::string binary = ChangedFields(type.binary, version);
+        if (type.oldBelow == version)
+            text = binary = "another body before";
+        if (!text.empty() || !binary.empty())
+            table.Add({name, text, binary});
+    }
+    const std::string number = std::to_string(version);
+    return "<a id=\"changed-in-" + number + "\"></a>\n### Changed in version " + number + "\n\n" +
+           table.Text();
+}
+
 }  // namespace
 
 std::string ToMarkdown(const TypeList& types)
@@ -156,6 +201,8 @@ std::string ToMarkdown(const TypeList& types)
     const TypeTotals totals = CountTypes(types);
     std::string out = std::to_string(totals.types) + " classes, " + std::to_string(totals.concrete) +
                       " of them with a chunk, " + std::to_string(totals.properties) + " properties.\n\n";
+    for (const VKT::u32 version : VersionsIn(types))
+        out += ChangesText(types, version);
     for (const TypeDescription& type : types)
         out += TypeText(type);
     out.pop_back();

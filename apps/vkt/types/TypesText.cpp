@@ -21,14 +21,14 @@ std::string GateText(const BodyRow& row)
     return words + std::to_string(row.version);
 }
 
-void AddRows(const char* title, const std::vector<BodyRow>& rows, std::string& out)
+void AddRows(const std::string& title, const std::vector<BodyRow>& rows, std::string& out)
 {
     if (rows.empty())
         return;
     std::size_t width = 0;
     for (const BodyRow& row : rows)
         width = std::max(width, row.name.size());
-    out += std::string("  ") + title + "\n";
+    out += "  " + title + "\n";
     for (const BodyRow& row : rows) {
         std::string line =
             "    " + Padded(row.name, width) + "  " + Padded(row.kind, 10) + "  " + GateText(row);
@@ -78,8 +78,9 @@ std::string ToText(const TypeList& types)
         AddRows(type.formsAgree ? "text and binary" : "text", type.text, out);
         if (!type.formsAgree)
             AddRows("binary", type.binary, out);
-        AddRows("text below version 4, the whole body", type.oldText, out);
-        AddRows("binary below version 4, the whole body", type.oldBinary, out);
+        const std::string old = " below version " + std::to_string(type.oldBelow) + ", the whole body";
+        AddRows("text" + old, type.oldText, out);
+        AddRows("binary" + old, type.oldBinary, out);
         AddProperties(type, out);
     }
     const TypeTotals totals = CountTypes(types);

@@ -1,7 +1,10 @@
+#include <algorithm>
 #include <cctype>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>
+#include <regex>
 #include <sstream>
 
 #include "apps/support/ToolRun.h"
@@ -61,6 +64,28 @@ TEST_F(FileFormat, ChaptersTellOfAllThatTablesDoNot)
                 }
             }
     }
+}
+
+// A source that asks its stream for the version by itself is told of in the chapter of versions.
+TEST_F(FileFormat, GatesByHandAreListed)
+{
+    const std::string versions = Between(Document(), "\n## Versions\n", "\n## ");
+    const std::regex gate("(in|file)\\.IsBelow\\([0-9]");
+    int numSources = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(VKT_DOCS "/../src/VKT")) {
+        if (!entry.is_regular_file())
+            continue;
+        std::ifstream file(entry.path(), std::ios::binary);
+        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        if (!std::regex_search(text, gate))
+            continue;
+        ++numSources;
+        std::string name = std::regex_replace(entry.path().stem().string(), std::regex("(File|Text)$"), "");
+        name[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(name[0])));
+        EXPECT_NE(versions.find("\n| `" + name + "` |"), std::string::npos) << name;
+    }
+    const auto lines = std::count(versions.begin(), versions.end(), '|') / 3;
+    EXPECT_EQ(numSources + 2, lines) << "a row without a gate";  // two lines are the table's head
 }
 
 // The file of one locator that the document shows in both forms.
