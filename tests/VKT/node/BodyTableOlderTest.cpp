@@ -92,10 +92,10 @@ TEST_F(BodyTableOlder, OwnRowsOfDerivedClassesFollowTheOldBody)
 {
     MakeOlder();
     Refined fromText(&m_Model);
-    EXPECT_TRUE(ReadText(fromText, std::string(kOldText) + " polish 13"));
-    EXPECT_EQ(TextOf(fromText), std::string(kRenewedText) + "\tpolish 13\n");
+    EXPECT_TRUE(ReadText(fromText, std::string(kOldText).append(" polish 13")));
+    EXPECT_EQ(TextOf(fromText), std::string(kRenewedText).append("\tpolish 13\n"));
     Refined fromBytes(&m_Model);
-    EXPECT_TRUE(ReadBody(fromBytes, Bytes(std::string(kOldBytes) + " 00 00 50 41")));
+    EXPECT_TRUE(ReadBody(fromBytes, Bytes(std::string(kOldBytes).append(" 00 00 50 41"))));
     EXPECT_EQ(TextOf(fromBytes), TextOf(fromText));
 }
 
