@@ -67,7 +67,7 @@ std::string DescribeDropped(const VKT::XDroppedChunk& chunk)
 std::string DescribeDropped(const VKT::XDroppedReference& reference)
 {
     return "bone " + Quoted(reference.bone) + ": instance " + Quoted(reference.instance) + ": no " +
-           reference.kind + " of id " + std::to_string(reference.id) + " stands ahead of it";
+           WordFor(reference.link) + " of id " + std::to_string(reference.id) + " stands ahead of it";
 }
 
 VKT::u64 SizeOf(const std::string& path)

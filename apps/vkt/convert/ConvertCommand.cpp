@@ -30,11 +30,12 @@ FileForm FormFor(const ConvertRequest& request)
     return FormOf(request.in).value_or(FileForm::Text);
 }
 
-// Of `count` that the loader dropped, `listed` holds the first.
 template <class Dropped>
-void SayDropped(const std::string& path, const char* what, VKT::u32 count,
-                const VKT::XVector<Dropped>& listed, Log& log)
+void SayDropped(const std::string& path, const char* what, const VKT::XDroppedList<Dropped>& dropped,
+                Log& log)
 {
+    const VKT::u32 count = dropped.GetCount();
+    const auto& listed = dropped.GetFirst();
     if (count == 0)
         return;
     constexpr std::size_t kShown = 10;
@@ -66,9 +67,10 @@ int Convert(const ConvertRequest& request, Log& log)
     VKT::XModel model;
     if (const int failure = LoadScene(model, request.in, log, !request.noCycles))
         return failure;
-    SayDropped(request.in, "chunk", model.GetNumDroppedChunks(), model.GetDroppedChunks(), log);
-    SayDropped(request.in, "reference", model.GetNumDroppedReferences(), model.GetDroppedReferences(), log);
-    if (request.strict && model.GetNumDroppedChunks() + model.GetNumDroppedReferences() > 0)
+    const VKT::XLoadReport& report = model.GetLoadReport();
+    SayDropped(request.in, "chunk", report.GetChunks(), log);
+    SayDropped(request.in, "reference", report.GetReferences(), log);
+    if (request.strict && report.GetChunks().GetCount() + report.GetReferences().GetCount() > 0)
         return kFailure;
     if (form == FileForm::Text) {
         model.GetSaveFlags().Set(VKT::SaveAscii);

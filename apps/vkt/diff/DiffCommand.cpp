@@ -26,7 +26,7 @@ int Load(VKT::XModel& model, const std::string& path, Log& log)
 {
     if (const int failure = LoadScene(model, path, log))
         return failure;
-    if (const VKT::u32 count = model.GetNumDroppedChunks())
+    if (const VKT::u32 count = model.GetLoadReport().GetChunks().GetCount())
         log.Say(Quoted(path) + ": " + Counted(count, "chunk") + " cannot be read and " +
                 (count == 1 ? "is" : "are") + " not compared");
     if (!model.CanSaveAsText()) {

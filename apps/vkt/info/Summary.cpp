@@ -51,7 +51,7 @@ Summary Summarise(const VKT::XModel& model, const std::string& path)
     model.ListInstances(instances);
     out.instances = instances.size();
     out.images = model.GetImages().size();
-    out.droppedChunks = model.GetNumDroppedChunks();
+    out.droppedChunks = model.GetLoadReport().GetChunks().GetCount();
     for (const auto& [name, node] : model.GetNodes()) {
         ++out.nodesByType[TypeNameOf(*node)];
         if (const auto* geometry = VKT::XCast<VKT::XGeometry>(node)) {

@@ -23,8 +23,8 @@ public:
     explicit NewNodes(const std::vector<const VKT::XFnInfo*>& types)
     {
         for (const VKT::XFnInfo* info : types)
-            if (VKT::XBase* node = info->Create(&m_Model))
-                m_Nodes.emplace_back(node);
+            if (auto node = info->Create(&m_Model))
+                m_Nodes.push_back(std::move(node));
     }
     // One of that very class, or of the first below an abstract one.
     const VKT::XBase& Find(VKT::u32 type) const

@@ -92,16 +92,16 @@ bool XSampledStream::DoData(XFileIO& file)
 bool XSampledStream::ReadChunk(XTextReader& in)
 {
     XAnimationTake& take = GetAttribute().GetTake();
-    XModel& model = *take.GetModel();
+    XLoadReport& report = take.GetModel()->GetLoadReport();
     const u64 claimed = u64{m_ElementsPerSample} * take.GetNumFrames();
-    if (claimed > XModel::kMostSamplePadding && !in.CanHold(claimed))
-        return model.AllowSamplePadding(claimed);
+    if (claimed > XLoadReport::kMostSamplePadding && !in.CanHold(claimed))
+        return report.AllowSamplePadding(claimed);
     m_Samples.resize(static_cast<std::size_t>(claimed));
     const std::size_t came = ReadSamples(in);
     if (in.HasFailed())
         return false;
     if (came < claimed) {
-        if (!model.AllowSamplePadding(claimed - came))
+        if (!report.AllowSamplePadding(claimed - came))
             return false;
         std::fill(m_Samples.begin() + static_cast<std::ptrdiff_t>(came), m_Samples.end(), 0.0f);
     }

@@ -61,6 +61,13 @@ void XBoneLinks::Relist(const XModel& model, const XBone& bone, const XIndexList
     }
 }
 
+void XBoneLinks::Clear()
+{
+    m_IsKnown = true;
+    m_OtherListers.clear();
+    m_Unlisted.clear();
+}
+
 void XBoneLinks::Compare(const XModel& model)
 {
     if (m_IsKnown)

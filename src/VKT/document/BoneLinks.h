@@ -28,11 +28,16 @@ public:
     void Relist(const XModel& model, const XBone& bone, const XIndexList& before, const XIndexList& after);
     // Links came or went otherwise: the next question looks at all bones once.
     void Invalidate() { m_IsKnown = false; }
+    // The number of a walk over the bones (see XBoneWalk), which none before it had.
+    u32 StartWalk() { return ++m_LastWalk; }
+    // The bones are gone.
+    void Clear();
 
 private:
     void Compare(const XModel& model);
 
     bool m_IsKnown = true;
+    u32 m_LastWalk = 0;
     std::unordered_map<u32, XIndexList, XIdHash> m_OtherListers;  // than its parent, by bone
     std::unordered_set<u32, XIdHash> m_Unlisted;                  // bones whose parent does not list them
 };

@@ -56,9 +56,9 @@ bool XInheritedNode::DoData(XFileIO& file)
     return file.DoData(m_BaseType) && file.DoData(m_Header);
 }
 
-XBase* XInheritedCreate(XModel* model, u32 type)
+std::unique_ptr<XBase> XInheritedCreate(XModel* model, u32 type)
 {
-    if (XBase* node = XFnCreate(type, model))
+    if (auto node = XFnCreate(type, model))
         return node;
     if (type < kChunkInheritedInstances)
         return nullptr;
@@ -67,9 +67,9 @@ XBase* XInheritedCreate(XModel* model, u32 type)
     return index < definitions.size() ? XInheritedCreateFrom(*definitions[index], model) : nullptr;
 }
 
-XBase* XInheritedCreateFrom(const XInheritedNode& definition, XModel* model)
+std::unique_ptr<XBase> XInheritedCreateFrom(const XInheritedNode& definition, XModel* model)
 {
-    XBase* node = XFnCreate(model->FindBuiltInType(definition.GetBaseType()), model);
+    auto node = XFnCreate(model->FindBuiltInType(definition.GetBaseType()), model);
     if (node)
         node->m_InheritedFrom = &definition;
     return node;

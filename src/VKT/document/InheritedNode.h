@@ -42,8 +42,8 @@ private:
 // A new node, of no document yet, for the type number of a binary chunk: of a built-in
 // type, or of the built-in type at the end of a chain of definitions. Null when there is
 // none, also where a chain runs in a circle.
-XBase* XInheritedCreate(XModel* model, u32 type);
+std::unique_ptr<XBase> XInheritedCreate(XModel* model, u32 type);
 // The same for an instance of a definition of the document.
-XBase* XInheritedCreateFrom(const XInheritedNode& definition, XModel* model);
+std::unique_ptr<XBase> XInheritedCreateFrom(const XInheritedNode& definition, XModel* model);
 
 }  // namespace VKT

@@ -149,32 +149,32 @@ bool XInstance::Read(XBone& bone, XTextReader& in)
         GetLogger()->LogFormat(
             kWarning, node ? "Shape ID %d : name %s is not a shape." : "Shape ID %d : name %s not found.",
             shapeId, name.c_str());
-        model.Drop(XDroppedReference{bone.GetName(), name, "shape", shapeId});
+        model.GetLoadReport().Drop(XDroppedReference{bone.GetName(), name, XInstanceLink::kShape, shapeId});
         SkipBlock(in);
         return true;
     }
     XInstance& instance = *model.CreateInstance(&bone, shape);
     instance.m_Name = name;
     for (const XInstanceUvSet& uvSet : uvSets)
-        if (instance.CanName(uvSet.m_Texture, kFnTexture, "texture", bone))
+        if (instance.CanName(uvSet.m_Texture, XInstanceLink::kTexture, bone))
             instance.AddUvSet(uvSet.m_Texture, uvSet.m_SetName);
     return instance.ReadMaterials(in, bone);
 }
 
-// Whether an id from a text file leads to a node of that type. One that does not is dropped.
-bool XInstance::CanName(u32 id, u32 type, const char* kind, const XBone& bone) const
+// Whether an id from a text file leads to a material or a texture. One that does not is dropped.
+bool XInstance::CanName(u32 id, XInstanceLink link, const XBone& bone) const
 {
     const XBase* node = m_Model->FindNode(id);
-    if (node && node->HasFn(type))
+    if (node && node->HasFn(link == XInstanceLink::kMaterial ? kFnMaterial : kFnTexture))
         return true;
     if (id != 0)
-        m_Model->Drop(XDroppedReference{bone.GetName(), m_Name, kind, id});
+        m_Model->GetLoadReport().Drop(XDroppedReference{bone.GetName(), m_Name, link, id});
     return false;
 }
 
 bool XInstance::ReadMaterials(XTextReader& in, const XBone& bone)
 {
-    const auto isMaterial = [&](u32 id) { return CanName(id, kFnMaterial, "material", bone); };
+    const auto isMaterial = [&](u32 id) { return CanName(id, XInstanceLink::kMaterial, bone); };
     XString token;
     for (in.ReadToken(token);; in.ReadToken(token)) {
         if (token == "material") {

@@ -5,6 +5,7 @@
 
 #include "VKT/base/IdMap.h"
 #include "VKT/base/Lists.h"
+#include "VKT/document/LoadReport.h"
 
 namespace VKT {
 
@@ -78,10 +79,10 @@ public:
 
 private:
     friend class XBone;
-    friend class XModel;
+    friend class XInstanceTable;
 
     // The bone that is being read is not in the document yet.
-    bool CanName(u32 id, u32 type, const char* kind, const XBone& bone) const;
+    bool CanName(u32 id, XInstanceLink link, const XBone& bone) const;
     bool ReadMaterials(XTextReader& in, const XBone& bone);
 
     u32 m_ID = 0;

@@ -2,43 +2,23 @@
 
 #include <iosfwd>
 #include <memory>
-#include <unordered_map>
 
 #include "VKT/base/FileResult.h"
 #include "VKT/base/FlagStack.h"
-#include "VKT/base/IdMap.h"
 #include "VKT/document/BoneLinks.h"
-#include "VKT/document/Image.h"
+#include "VKT/document/ImageTable.h"
 #include "VKT/document/Info.h"
-#include "VKT/document/InheritedNode.h"
-#include "VKT/document/Instance.h"
-#include "VKT/document/NewNode.h"
+#include "VKT/document/InstanceTable.h"
+#include "VKT/document/LoadReport.h"
+#include "VKT/document/NodeTable.h"
+#include "VKT/document/TypeDeclarations.h"
 #include "VKT/document/UserCounts.h"
-#include "VKT/node/Base.h"
 #include "VKT/stream/FileVersion.h"
 
 namespace VKT {
 
 class XAnimCycle;
 class XShape;
-
-// A chunk that a load could not use and skipped.
-struct XDroppedChunk {
-    XString key;     // as text files have it; of a binary chunk without one the number of its type
-    XString name;    // as far as it was read
-    bool isDamaged;  // else there is no class for it
-};
-
-// What an instance in a text file named and a load could not use: no node of that kind stands
-// ahead of it in the file. Without its shape the whole instance is dropped.
-struct XDroppedReference {
-    XString bone;
-    XString instance;
-    const char* kind;  // "shape", "material" or "texture"
-    u32 id;
-
-    bool IsShape() const { return std::string_view(kind) == "shape"; }
-};
 
 // The document: the single owner of all nodes of one scene. It creates nodes, gives
 // them ids and unique names, finds them, keeps the instances that hang shapes under
@@ -73,32 +53,45 @@ public:
 
     // Declares a node type under a chunk key of its own (see XInheritedNode and XNewNode).
     // Null, with a logged error, when the key is empty, holds white space or is taken.
-    XInheritedNode* AddInheritedNode(u32 baseType, const XString& header);
-    XNewNode* AddNewNode(u32 family, const XString& typeName, const XString& header);
+    XInheritedNode* AddInheritedNode(u32 baseType, const XString& header)
+    {
+        return m_Declarations.AddInherited(baseType, header);
+    }
+    XNewNode* AddNewNode(u32 family, const XString& typeName, const XString& header)
+    {
+        return m_Declarations.AddNew(family, typeName, header);
+    }
     // In the order of their numbers, and by chunk key.
-    const XVector<std::unique_ptr<XInheritedNode>>& GetInheritedNodes() const { return m_InheritedNodes; }
-    const std::map<XString, std::unique_ptr<XNewNode>>& GetNewNodes() const { return m_NewNodes; }
+    const XVector<std::unique_ptr<XInheritedNode>>& GetInheritedNodes() const
+    {
+        return m_Declarations.GetInherited();
+    }
+    const std::map<XString, std::unique_ptr<XNewNode>>& GetNewNodes() const
+    {
+        return m_Declarations.GetNew();
+    }
     // The built-in type behind the type number of a binary chunk, through the definitions
     // of inherited types; `kFnBase`, which has no nodes, where they lead nowhere.
-    u32 FindBuiltInType(u32 type) const;
+    u32 FindBuiltInType(u32 type) const { return m_Declarations.FindBuiltInType(type); }
 
     // The node of that id or name, or null; nothing is logged. With equal names the
     // first in order.
-    XBase* FindNode(u32 id) const { return m_NodesById.Find(id); }
-    XBase* FindNode(std::string_view name) const;
+    XBase* FindNode(u32 id) const { return m_Nodes.Find(id); }
+    XBase* FindNode(std::string_view name) const { return m_Nodes.Find(name); }
     bool HasNode(u32 id) const { return FindNode(id) != nullptr; }
     // Whether the pointer is among the document's nodes and cycles. Any pointer may be asked about,
     // also one whose node is gone, so this is a linear scan.
     bool IsValid(const XBase* node) const;
     // The same for a node that is known to live, in constant time.
-    bool Holds(const XBase& node) const { return node.m_Model == this && node.m_NameEntry != m_Nodes.end(); }
+    bool Holds(const XBase& node) const { return node.GetModel() == this && XNodeTable::Holds(node); }
 
     // Fills `out` with the nodes of a class and its subclasses, or of exactly that
     // class, in name order. Answers whether there are any.
     bool List(XNodeList& out, u32 type, bool exact = false) const;
     // Fills `out` with the bones without a parent, in name order.
     bool ListRootBones(XBoneList& out) const;
-    const XNameMap& GetNodes() const { return m_Nodes; }
+    // All of them, by name.
+    const XNodeTable& GetNodes() const { return m_Nodes; }
     // The animation cycles, in the order of creation. They have ids and are no nodes of the
     // document: nothing finds or lists them, and their names need not be unique.
     const XVector<std::unique_ptr<XAnimCycle>>& GetCycles() const { return m_Cycles; }
@@ -110,15 +103,23 @@ public:
 
     // Hangs the shape under the bone, once: a second call answers the same instance.
     XInstance* CreateInstance(XBone* bone, XShape* shape);
+    // Takes over an instance that a bone has read.
+    XInstance* AddInstance(std::unique_ptr<XInstance> instance)
+    {
+        return m_Instances.Add(std::move(instance));
+    }
     // Removes an instance from the document and from its bone's list. False when there
     // is none of that id.
-    bool DeleteInstance(u32 id);
-    XInstance* FindInstance(u32 id) const;
+    bool DeleteInstance(u32 id) { return m_Instances.Delete(id); }
+    XInstance* FindInstance(u32 id) const { return m_Instances.Find(id); }
     // The first instance of `shape` in the bone's list, or null.
-    XInstance* FindInstance(const XBone& bone, const XShape& shape) const;
-    bool ListInstances(XInstanceList& out) const;
+    XInstance* FindInstance(const XBone& bone, const XShape& shape) const
+    {
+        return m_Instances.Find(bone, shape);
+    }
+    bool ListInstances(XInstanceList& out) const { return m_Instances.List(out); }
     // Ids of the instances that show the shape, in the document's order.
-    void ListInstancesOf(u32 shape, XIndexList& ids) const;
+    void ListInstancesOf(u32 shape, XIndexList& ids) const { m_Instances.ListOf(shape, ids); }
 
     // Deletes a node and what goes along with it: the nodes that its `PreDelete` asks for
     // under the delete flags, those that theirs ask for, and survivors that answer the death
@@ -132,6 +133,8 @@ public:
     // How much depends on each shading node.
     std::shared_ptr<const XUserCounts> CountUsers() const;
 
+    // What bones keep in step when their links change.
+    XBoneLinks& GetBoneLinks() { return m_BoneLinks; }
     // Builds the current matrices of all bones that are reached from a root.
     void UpdateWorldMatrices();
 
@@ -151,135 +154,43 @@ public:
 
     // 4 in a new document and before every save, after a load that of the file.
     u32 GetVersion() const { return m_Version; }
-    // Chunks that the last load could not use and skipped: how many, and the first thousand
-    // of them in the order of the file.
-    u32 GetNumDroppedChunks() const { return m_NumDroppedChunks; }
-    const XVector<XDroppedChunk>& GetDroppedChunks() const { return m_DroppedChunks; }
-    // References that the last load dropped, of the same length.
-    u32 GetNumDroppedReferences() const { return m_NumDroppedReferences; }
-    const XVector<XDroppedReference>& GetDroppedReferences() const { return m_DroppedReferences; }
+    // What the last load left out or made up.
+    const XLoadReport& GetLoadReport() const { return m_LoadReport; }
+    XLoadReport& GetLoadReport() { return m_LoadReport; }
     XFlagStack& GetCopyFlags() { return m_CopyFlags; }
     XFlagStack& GetDeleteFlags() { return m_DeleteFlags; }
     XFlagStack& GetSaveFlags() { return m_SaveFlags; }
+    const XFlagStack& GetSaveFlags() const { return m_SaveFlags; }
     // The image table, in the order of the file. A text file has none: its images stand in
     // the side file that its file information names.
-    const XVector<std::unique_ptr<XImage>>& GetImages() const { return m_Images; }
+    const XVector<std::unique_ptr<XImage>>& GetImages() const { return m_Images.GetImages(); }
     // File information, null when there is none. The document owns it.
     XInfo* GetInfo() const { return m_Info.get(); }
     void SetInfo(std::unique_ptr<XInfo> info) { m_Info = std::move(info); }
 
 private:
-    friend class XBase;           // starts outside of m_Nodes
-    friend class XBone;           // instances that a bone reads
-    friend class XBoneWalk;       // its number
-    friend class XInstance;       // what an instance could not use
-    friend class XSampledStream;  // samples that a file claims
+    friend class XBase;       // cleans its own name
+    friend class XSceneLoad;  // fills the document
 
-    u32 NextId();
     XBase* Adopt(std::unique_ptr<XBase> node);
-    void Enter(std::unique_ptr<XBase> node, std::string_view name);
-    void Rename(XBase& node, XString name);
-    XString FirstFreeName(std::string_view stem);
-    void ForgetNumber(const XString& name);
-    XInstance* AddInstance(std::unique_ptr<XInstance> instance);
-    void LeavePlace(const XInstance& instance);
-    XVector<std::unique_ptr<XInstance>>::const_iterator PlaceOf(u32 id) const;
-
-    // ModelDelete.cpp
-    XNodeList CollectDeaths(const std::set<u32>& ids, std::set<u32>& dying);
-    std::set<u32> AnnounceDeaths(const XNodeList& deaths, const std::set<u32>& dying);
-    void DeleteInstancesOf(const XNodeList& deaths);
-    void DeleteInstancesUnder(const XNodeList& deaths);
-    // ModelUserTypes.cpp
-    bool IsFreeChunkKey(const XString& key) const;
-    void Enter(std::unique_ptr<XInheritedNode> definition);
-    void Enter(std::unique_ptr<XNewNode> definition);
-    const XInheritedNode* FindInheritedNode(const XString& header) const;
-    const XNewNode* FindNewNode(const XString& header) const;
-    // ModelImages.cpp
-    bool DoImages(XFileIO& file);
-    bool TryTextureFile(const XString& path);
-    void FindTextureFile(const XString& scenePath);
-    // ModelLoad.cpp, ModelSave.cpp
-    template <class Reading>
-    XFileResult LoadSafely(const char* path, Reading read);
-    XFileResult CheckHeader(std::string_view start, const char* path);
-    void PostLoad();
-    bool BuildBindMatrices(const XVector<XBone*>& bones, const XVector<XBone*>& roots);
-    void Abandon(XBase& node);
-    void Drop(XDroppedChunk chunk);
-    void Drop(XDroppedReference reference);
-    void ListForSave(XNodeList& out) const;
-    bool CanSaveAsBinary() const;
-    // ModelText.cpp
-    XFileResult LoadAscii(const char* path, bool loadCycles);
-    XFileResult LoadAsciiStream(XTextReader& in, const char* path, bool loadCycles);
-    XFileResult ReadTextChunks(XTextReader& in, const char* path, bool loadCycles);
-    XFileResult ReadTextChunk(XTextReader& in, const char* path, const XString& key, const XString& name,
-                              bool loadCycles);
-    XFileResult ReadTextNode(XTextReader& in, std::unique_ptr<XBase> node, const XString& name);
-    XFileResult SkipTextChunk(XTextReader& in, const XString& key, const XString& name);
-    XFileResult SaveAscii(XTextWriter& out);
-    // ModelBinary.cpp
-    struct BinaryChunk;
-    enum class ChunkUse { kRead, kDropped, kFatal };
-    XFileResult LoadBin(const char* path, bool loadCycles);
-    ChunkUse UseBinaryChunk(XFileIO& file, const BinaryChunk& chunk, bool loadCycles);
-    bool ReadBinaryNode(XFileIO& file, const BinaryChunk& chunk);
-    XFileResult SaveBinary(XFileIO& file);
-    // ModelAnimation.cpp
-    XFileResult ReadTextCycle(XTextReader& in, std::unique_ptr<XBase> cycle, const XString& name);
-    void WriteTextCycles(XTextWriter& out) const;
-    bool WriteBinaryCycles(XFileIO& file) const;
-    bool CanSaveCyclesAsText() const;
-    static constexpr u64 kMostSamplePadding = 1 << 20;
-    bool AllowSamplePadding(u64 floats);
+    XBase* Enter(std::unique_ptr<XBase> node);
+    XFileResult SaveAsText(const char* path);
+    XFileResult SaveAsBinary(const char* path);
 
     u32 m_Version = kCurrentVersion;
     std::unique_ptr<XInfo> m_Info;
-    XVector<std::unique_ptr<XImage>> m_Images;
-    XVector<std::unique_ptr<XInstance>> m_Instances;  // by ascending id; see m_DeadInstances
+    XImageTable m_Images;
+    XInstanceTable m_Instances;
     XVector<std::unique_ptr<XAnimCycle>> m_Cycles;
-    XNameMap m_Nodes;
-    XIdMap m_NodesById;
-    u32 m_LastInstanceId = 0;
-    XVector<std::unique_ptr<XInheritedNode>> m_InheritedNodes;
-    std::map<XString, std::unique_ptr<XNewNode>> m_NewNodes;
-    u32 m_LastId = 0;
-    u32 m_FirstFreeId = 1;  // ids below it are taken; asked for once all others are
+    XNodeTable m_Nodes;
+    XTypeDeclarations m_Declarations;
     XFlagStack m_CopyFlags{127};
-    XFlagStack m_ReservedFlags1{1};
     XFlagStack m_DeleteFlags{0xFFFFFFFF};
     XFlagStack m_SaveFlags{511};
-    XFlagStack m_ReservedFlags2{127};
-
-    u32 m_NumDroppedChunks = 0;
-    XVector<XDroppedChunk> m_DroppedChunks;
-    u32 m_NumDroppedReferences = 0;
-    XVector<XDroppedReference> m_DroppedReferences;
-    u64 m_SamplePadding = 0;  // zeroes that stand for samples which the file did not hold
-    // The first instance by (bone, shape) and how many there are, and those of each shape in
-    // the document's order, so that neither hanging nor linking a shape walks a list.
-    struct Place {
-        u32 first;
-        u32 count;
-    };
-    std::unordered_map<u64, Place, XIdHash> m_InstancesByPlace;
-    std::unordered_map<u32, XIndexList, XIdHash> m_InstancesByShape;
+    XLoadReport m_LoadReport;
     XBoneLinks m_BoneLinks;
-    u32 m_LastBoneWalk = 0;
-    // Of equal keys the first; the key looks into the definition.
-    std::map<std::string_view, const XInheritedNode*> m_InheritedByHeader;
-    // What `FindBuiltInType` has found for each definition, so that long chains are walked
-    // once; empty after a definition was added.
-    mutable XIndexList m_BuiltInTypes;
-    // Instances that were deleted and still stand in m_Instances: they leave it together, so
-    // that deleting one moves no others.
-    std::size_t m_DeadInstances = 0;
     // What `CountUsers` answers while the nodes that are to go are being collected.
     std::shared_ptr<const XUserCounts> m_UserCounts;
-    // For stems of numbered names: the number below which all are taken.
-    std::unordered_map<XString, u32> m_NextNumber;
 };
 
 }  // namespace VKT

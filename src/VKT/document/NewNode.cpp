@@ -40,7 +40,7 @@ XNewNode::XNewNode(u32 family, const XString& typeName, const XString& header)
 {
 }
 
-XBase* XNewNode::CreateNode(XModel* model) const
+std::unique_ptr<XBase> XNewNode::CreateNode(XModel* model) const
 {
     if (m_Create)
         return m_Create(*this, model);

@@ -38,7 +38,7 @@ public:
     void SetCreator(Creator creator) { m_Create = creator; }
 
     // A new instance, of no document yet; null for a family that does not exist.
-    XBase* CreateNode(XModel* model) const;
+    std::unique_ptr<XBase> CreateNode(XModel* model) const;
 
     // The `NEW_NODE` chunk of a text file; a family without a word is written as `none`.
     bool Write(XTextWriter& out) const;

@@ -56,7 +56,7 @@ bool XBone::AddChild(XBone* child)
 {
     if (!child || child == this || !GetModel()->Holds(*child))
         return false;
-    XBoneLinks& links = GetModel()->m_BoneLinks;
+    XBoneLinks& links = GetModel()->GetBoneLinks();
     if (links.IsBelow(*GetModel(), *child, *this)) {
         GetLogger()->LogFormat(
             kError,
@@ -87,7 +87,7 @@ bool XBone::AddChildren(const XBoneList& children)
     XIndexList ids(children.size());
     std::transform(children.begin(), children.end(), ids.begin(),
                    [](const XBone* child) { return child->GetID(); });
-    GetModel()->m_BoneLinks.Relist(*GetModel(), *this, m_Children, ids);
+    GetModel()->GetBoneLinks().Relist(*GetModel(), *this, m_Children, ids);
     m_Children = std::move(ids);
     return true;
 }
@@ -238,7 +238,7 @@ bool XBone::NodeDeath(u32 id)
     }
     const auto child = std::find(m_Children.begin(), m_Children.end(), id);
     if (child != m_Children.end() || m_Parent == id)
-        GetModel()->m_BoneLinks.Invalidate();
+        GetModel()->GetBoneLinks().Invalidate();
     if (child != m_Children.end())
         m_Children.erase(child);
     if (m_Parent == id)
@@ -266,7 +266,7 @@ void XBone::DoCopy(const XBase* source)
     if (!other || other == this)
         return;
     if (m_Parent != 0 || !m_Children.empty())
-        GetModel()->m_BoneLinks.Invalidate();
+        GetModel()->GetBoneLinks().Invalidate();
     XNodeClass::DoCopy(source);
     m_Rotation = other->m_Rotation;
     m_Translate = other->m_Translate;

@@ -56,6 +56,13 @@ public:
     // the bones below follow, depth first, children in order, each edge once: a child
     // under two parents ends with the matrix of its last visit, and a ring ends.
     virtual void UpdateWorldMatrix(const XMatrix& parent, bool recursive);
+    // The same for this bone alone, whatever a class makes of it for those below.
+    void UpdateOwnMatrices(const XMatrix& parent);
+    // Whether the current world matrix has an inverse. Without one the inverses stay as they
+    // were.
+    bool HasInverse() const { return m_HasInverse; }
+    // The current pose becomes that of a fresh bone.
+    void ResetCurrent();
     void CopyBindToCurrent();
     // The bind pose becomes the current one, and both local matrices the plain scale,
     // rotation, translation of it: pivots, orients and shearing take no part.
@@ -110,15 +117,13 @@ protected:
     virtual XMatrix BuildLocal() const;
 
 private:
-    friend class XModel;
     friend class XBoneWalk;
+    friend class XInstanceTable;
 
-    void ResetCurrent();
     f32* FindLimit(u32 index);
     bool DoInstances(XFileIO& file);
     void WriteInstances(XTextWriter& out) const;
     bool ReadInstances(XTextReader& in);
-    void UpdateOwnMatrices(const XMatrix& parent);
     void CopyHierarchy(const XBone& source);
     void CopyBelow(const XBone& source);
     void CopyInstancesOf(const XBone& source);
@@ -155,7 +160,7 @@ private:
     XMatrix m_BindInverseTransposeWorld = kIdentityMatrix;
     bool m_Visible = true;
     bool m_InheritsTransform = true;
-    bool m_HasInverse = true;        // of m_World; without one the inverses stay as they were
+    bool m_HasInverse = true;
     bool m_SharesInstances = false;  // some may be of the bone that this one was copied from
     u32 m_Walk = 0;                  // the last walk that came here, and from which bone first
     u32 m_WalkedFrom = 0;

@@ -65,7 +65,7 @@ XBodyTable XBone::TextBody()
         u32 count = 0;
         in.Read(count);
         in.ReadNumbers(As<XBone>(node).m_Children, count);
-        node.GetModel()->m_BoneLinks.Invalidate();
+        node.GetModel()->GetBoneLinks().Invalidate();
         return true;
     };
     static constexpr auto writeInstances = [](const XBase& node, XTextWriter& out) {
@@ -150,7 +150,7 @@ XBodyTable XBone::BinaryBody()
 bool XBone::DoData(XFileIO& file)
 {
     if (file.IsReading())
-        GetModel()->m_BoneLinks.Invalidate();
+        GetModel()->GetBoneLinks().Invalidate();
     return XNodeClass::DoData(file) && DoInstances(file);
 }
 

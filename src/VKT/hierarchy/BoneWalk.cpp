@@ -4,7 +4,7 @@
 
 namespace VKT {
 
-XBoneWalk::XBoneWalk(XModel& model) : m_Model(model), m_Number(++model.m_LastBoneWalk) {}
+XBoneWalk::XBoneWalk(XModel& model) : m_Model(model), m_Number(model.GetBoneLinks().StartWalk()) {}
 
 // Whether this is the first time.
 bool XBoneWalk::Arrive(XBone& bone, u32 from)

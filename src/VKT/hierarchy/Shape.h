@@ -22,7 +22,7 @@ public:
     void PostLoad() override;
 
 private:
-    friend class XModel;
+    friend class XInstanceTable;
 
     XIndexList m_Instances;
 };

@@ -17,15 +17,20 @@ constexpr u32 kChunkHeaderSize = 8;
 
 }  // namespace
 
-XBase::XBase(XModel* model) : m_Model(model), m_NameEntry(model->m_Nodes.end()) {}
+XBase::XBase(XModel* model) : m_Model(model) {}
 
 XBase::~XBase() = default;
 
 u32 XBase::GetDataSize() const
 {
+    return static_cast<u32>(MeasureChunk());
+}
+
+u64 XBase::MeasureChunk() const
+{
     XFileIO measure = XFileIO::Measuring();
     const_cast<XBase*>(this)->DoData(measure);  // a measure changes nothing
-    return static_cast<u32>(kChunkHeaderSize + measure.GetMeasure());
+    return kChunkHeaderSize + measure.GetMeasure();
 }
 
 void XBase::ListReferences(XIndexList& ids) const
@@ -88,7 +93,7 @@ void XBase::SetName(const char* name)
 
 void XBase::CleanOwnName()
 {
-    m_Model->Rename(*this, CleanName(m_Name));
+    m_Model->m_Nodes.Rename(*this, CleanName(m_Name));
 }
 
 bool XBase::IsValid(const XBase* node) const
@@ -194,10 +199,14 @@ bool XBase::ReadTrailer(XTextReader& in)
 
 bool XBase::DoHeader(XFileIO& file)
 {
+    return DoHeader(file, file.IsWriting() ? GetDataSize() : 0);
+}
+
+bool XBase::DoHeader(XFileIO& file, u32 size)
+{
     u16 type = static_cast<u16>(m_InheritedFrom ? m_InheritedFrom->GetFileType() : GetApiType());
     u8 hasExtraAttributes = file.IsWriting() && SavesExtraAttributes();
     u8 reserved = 0;
-    u32 size = file.IsWriting() ? GetDataSize() : 0;
     if (!file.DoData(type) || !file.DoData(hasExtraAttributes) || !file.DoData(reserved) ||
         !file.DoData(size))
         return false;

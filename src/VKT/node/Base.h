@@ -23,7 +23,7 @@ class XTextWriter;
 
 // The nodes of a document by name. Equal names keep their order of arrival. The key
 // looks into the node's own name.
-using XNameMap = std::multimap<std::string_view, XBase*>;
+using XNameMap = std::multimap<std::string_view, std::unique_ptr<XBase>>;
 
 // The root of all node classes: identity, owning document, and the protocol through
 // which the document creates, reads, writes, copies, links and deletes a node without
@@ -52,6 +52,8 @@ public:
     // Bytes of the whole binary chunk, its 8-byte header included, as a save under the
     // document's flags would write it. Changes nothing on the node.
     virtual u32 GetDataSize() const;
+    // The same for a chunk of any length: the size in a header ends at 4 GiB.
+    u64 MeasureChunk() const;
     // Appends the ids of all nodes that this one names, in its binary chunk or in memory
     // alone; repeated ones and 0 for none are among them. Fields alone leave out the
     // connections of extra attributes, which stand at both their ends.
@@ -105,6 +107,8 @@ public:
     bool Read(XTextReader& in);
     // The 8-byte header of the binary chunk.
     bool DoHeader(XFileIO& file);
+    // The same for a caller that knows the size of the chunk.
+    bool DoHeader(XFileIO& file, u32 size);
 
     // The definition that makes this an instance of a user-defined subclass of its class,
     // or null. The instance is written under the definition's chunk key.
@@ -143,8 +147,9 @@ protected:
     XString ChunkKey() const;
 
 private:
-    friend class XModel;
-    friend XBase* XInheritedCreateFrom(const XInheritedNode& definition, XModel* model);
+    friend class XNodeTable;
+    friend class XBinaryLoader;
+    friend std::unique_ptr<XBase> XInheritedCreateFrom(const XInheritedNode& definition, XModel* model);
 
     bool WriteHeader(XTextWriter& out) const;
     bool ReadHeader(XTextReader& in);
@@ -154,11 +159,12 @@ private:
     XExtraAttributes& RenewExtraAttributes();
 
     u32 m_ID = 0;
+    bool m_IsHeld = false;  // by the table of its document, and where
+    XNameMap::iterator m_NameEntry;
     XString m_Name;
     std::unique_ptr<XExtraAttributes> m_ExtraAttributes;
     XModel* m_Model;
     const XInheritedNode* m_InheritedFrom = nullptr;
-    XNameMap::iterator m_NameEntry;  // in the document; its end while it does not hold the node
 };
 
 // `node` as a `T`, or null when it is null or of another class.

@@ -79,19 +79,19 @@ bool XFnRegisterFamily(u32 family, XUserNodeCreator creator)
     return s_Registry != nullptr;
 }
 
-XBase* XFnCreate(u32 type, XModel* model)
+std::unique_ptr<XBase> XFnCreate(u32 type, XModel* model)
 {
     const XFnInfo* info = FindType(type);
     return info ? info->Create(model) : nullptr;
 }
 
-XBase* XFnCreateFromChunk(const XString& chunkKey, XModel* model)
+std::unique_ptr<XBase> XFnCreateFromChunk(const XString& chunkKey, XModel* model)
 {
     const XFnInfo* info = FindChunk(chunkKey);
     return info ? info->Create(model) : nullptr;
 }
 
-XBase* XFnCreateOfFamily(u32 family, const XNewNode& definition, XModel* model)
+std::unique_ptr<XBase> XFnCreateOfFamily(u32 family, const XNewNode& definition, XModel* model)
 {
     if (!s_Registry)
         return nullptr;

@@ -31,13 +31,13 @@ public:
     // Empty for an abstract class.
     virtual XString GetChunkName() const = 0;
     // A new node, of no document yet; null for an abstract class.
-    virtual XBase* Create(XModel* model) const = 0;
+    virtual std::unique_ptr<XBase> Create(XModel* model) const = 0;
     // Nothing for a class that the library does not know.
     virtual XClassTables GetTables() const { return {}; }
 };
 
 // Makes an instance of a node type that users define, of no document yet.
-using XUserNodeCreator = XBase* (*)(const XNewNode& definition, XModel* model);
+using XUserNodeCreator = std::unique_ptr<XBase> (*)(const XNewNode& definition, XModel* model);
 
 // A loader of a foreign file format. None is registered by the library itself.
 class XFileHandler {
@@ -69,9 +69,9 @@ bool XFnRegisterFamily(u32 family, XUserNodeCreator creator);
 bool XRegisterTypes(XLogger* logger);
 
 // Look-ups. The first entry that matches counts; without a registry nothing is found.
-XBase* XFnCreate(u32 type, XModel* model);
-XBase* XFnCreateFromChunk(const XString& chunkKey, XModel* model);
-XBase* XFnCreateOfFamily(u32 family, const XNewNode& definition, XModel* model);
+std::unique_ptr<XBase> XFnCreate(u32 type, XModel* model);
+std::unique_ptr<XBase> XFnCreateFromChunk(const XString& chunkKey, XModel* model);
+std::unique_ptr<XBase> XFnCreateOfFamily(u32 family, const XNewNode& definition, XModel* model);
 u32 XFnTypeFromChunk(const XString& chunkKey);  // 0 for none, 173 without a registry
 XString XFnChunkName(u32 type);                 // "" for none, "invalid" without a registry
 XString XFnTypeName(u32 type);                  // likewise

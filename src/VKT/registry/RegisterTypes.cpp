@@ -117,7 +117,7 @@ struct TypeRow {
     u32 type;
     const char* typeName;
     const char* chunkName;
-    XBase* (*create)(XModel*);
+    std::unique_ptr<XBase> (*create)(XModel*);
     XClassTables (*tables)();
 };
 
@@ -163,13 +163,15 @@ XClassTables TablesOf()
 template <class Node>
 constexpr TypeRow Abstract(const char* typeName)
 {
-    return {Node::kType, typeName, "", [](XModel*) -> XBase* { return nullptr; }, TablesOf<Node>};
+    return {Node::kType, typeName, "", [](XModel*) -> std::unique_ptr<XBase> { return nullptr; },
+            TablesOf<Node>};
 }
 
 template <class Node>
 constexpr TypeRow Concrete(const char* typeName, const char* chunkName)
 {
-    return {Node::kType, typeName, chunkName, [](XModel* model) -> XBase* { return new Node(model); },
+    return {Node::kType, typeName, chunkName,
+            [](XModel* model) -> std::unique_ptr<XBase> { return std::make_unique<Node>(model); },
             TablesOf<Node>};
 }
 
@@ -295,8 +297,9 @@ struct FamilyRow {
 template <class Node>
 constexpr FamilyRow Family(XNodeFamily family)
 {
-    return {family,
-            [](const XNewNode& definition, XModel* model) -> XBase* { return new Node(model, definition); }};
+    return {family, [](const XNewNode& definition, XModel* model) -> std::unique_ptr<XBase> {
+                return std::make_unique<Node>(model, definition);
+            }};
 }
 
 constexpr FamilyRow kFamilies[] = {
@@ -318,7 +321,7 @@ public:
     u32 GetType() const override { return m_Row.type; }
     XString GetTypeName() const override { return m_Row.typeName; }
     XString GetChunkName() const override { return m_Row.chunkName; }
-    XBase* Create(XModel* model) const override { return m_Row.create(model); }
+    std::unique_ptr<XBase> Create(XModel* model) const override { return m_Row.create(model); }
     XClassTables GetTables() const override { return m_Row.tables(); }
 
 private:

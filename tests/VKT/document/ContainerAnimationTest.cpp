@@ -106,7 +106,8 @@ TEST_F(ContainerAnimation, CyclesAreLeftOutOfALoadOnRequest)
         ASSERT_EQ(m_Model.Load(file.Path(), false), FileOk);
         EXPECT_TRUE(m_Model.GetCycles().empty());
         EXPECT_NE(m_Model.FindNode("jump"), nullptr) << "takes stay";
-        EXPECT_EQ(m_Model.GetNumDroppedChunks(), 0u) << "nothing was dropped against the caller's will";
+        EXPECT_EQ(m_Model.GetLoadReport().GetChunks().GetCount(), 0u)
+            << "nothing was dropped against the caller's will";
         const bool isText = bytes == text;
         EXPECT_EQ(
             m_Log.Text().find("Dumping Unknown Chunk: header: ANIM_CYCLE name: walk") != std::string::npos,
@@ -135,7 +136,7 @@ TEST_F(ContainerAnimation, BadCycleCostsItselfAloneInABinaryFile)
     ASSERT_EQ(LoadBytes(model, Start() + Chunk(133, bad) + Chunk(133, body)), FileOk);
     ASSERT_EQ(model.GetCycles().size(), 1u);
     EXPECT_EQ(TextOf(*model.GetCycles()[0]), kCycle);
-    EXPECT_EQ(model.GetNumDroppedChunks(), 1u);
+    EXPECT_EQ(model.GetLoadReport().GetChunks().GetCount(), 1u);
 }
 
 TEST_F(ContainerAnimation, CyclesWithExtraAttributesComeBackFromBinary)

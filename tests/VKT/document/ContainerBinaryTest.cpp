@@ -147,9 +147,9 @@ TEST_F(ContainerBinary, UnknownAndAbstractTypesAreSkippedBySize)
         EXPECT_EQ(Load(Start() + Chunk(type, "whatever") + Wave("w", 1)), FileOk) << type;
         EXPECT_TRUE(Has("w")) << type;
         EXPECT_EQ(m_Said, "") << type;
-        ASSERT_EQ(m_Model.GetNumDroppedChunks(), 1u) << type;
-        EXPECT_EQ(m_Model.GetDroppedChunks()[0].key, std::to_string(type));
-        EXPECT_FALSE(m_Model.GetDroppedChunks()[0].isDamaged);
+        ASSERT_EQ(m_Model.GetLoadReport().GetChunks().GetCount(), 1u) << type;
+        EXPECT_EQ(m_Model.GetLoadReport().GetChunks().GetFirst()[0].key, std::to_string(type));
+        EXPECT_FALSE(m_Model.GetLoadReport().GetChunks().GetFirst()[0].isDamaged);
     }
 }
 
@@ -184,11 +184,11 @@ TEST_F(ContainerBinary, SizesBelowTheHeaderSendTheWalkBackAndItEnds)
     for (int i = 0; i < 200'000; ++i)
         bytes += Bytes("00 ff 00 00 07 00 00");
     EXPECT_EQ(Load(bytes), FileCorrupt);
-    EXPECT_EQ(m_Model.GetNumDroppedChunks(), 199'999u);
-    EXPECT_EQ(m_Model.GetDroppedChunks().size(), 1000u);
+    EXPECT_EQ(m_Model.GetLoadReport().GetChunks().GetCount(), 199'999u);
+    EXPECT_EQ(m_Model.GetLoadReport().GetChunks().GetFirst().size(), 1000u);
     Load(Start());
-    EXPECT_EQ(m_Model.GetNumDroppedChunks(), 0u);
-    EXPECT_TRUE(m_Model.GetDroppedChunks().empty());
+    EXPECT_EQ(m_Model.GetLoadReport().GetChunks().GetCount(), 0u);
+    EXPECT_TRUE(m_Model.GetLoadReport().GetChunks().GetFirst().empty());
 }
 
 TEST_F(ContainerBinary, AChunkThatClaimsMoreThanTheRestEndsTheFile)
@@ -220,10 +220,10 @@ TEST_F(ContainerBinary, ADamagedNodeCostsItselfAlone)
     EXPECT_EQ(m_Said, "Error : XFileIO::DoData : expected to read/write -1 elements got 14\n");
     EXPECT_TRUE(Has("w") && Has("v"));
     EXPECT_EQ(m_Model.GetNodes().size(), 2u);
-    ASSERT_EQ(m_Model.GetNumDroppedChunks(), 1u);
-    EXPECT_EQ(m_Model.GetDroppedChunks()[0].key, "BONE");
-    EXPECT_EQ(m_Model.GetDroppedChunks()[0].name, name);
-    EXPECT_TRUE(m_Model.GetDroppedChunks()[0].isDamaged);
+    ASSERT_EQ(m_Model.GetLoadReport().GetChunks().GetCount(), 1u);
+    EXPECT_EQ(m_Model.GetLoadReport().GetChunks().GetFirst()[0].key, "BONE");
+    EXPECT_EQ(m_Model.GetLoadReport().GetChunks().GetFirst()[0].name, name);
+    EXPECT_TRUE(m_Model.GetLoadReport().GetChunks().GetFirst()[0].isDamaged);
 }
 
 TEST_F(ContainerBinary, ADamagedNodeAtTheEndIsNoCorruptFile)

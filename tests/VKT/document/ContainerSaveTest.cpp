@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <sstream>
 
@@ -396,6 +397,53 @@ TEST_F(ContainerSave, ASaveChangesNothing)
     const std::string before = SaveText(m_Model);
     SaveBinaryBytes(m_Model);
     EXPECT_EQ(SaveText(m_Model), before);
+}
+
+// Measures as many bytes as it is told to, without having them.
+class Giant final : public XBone {
+public:
+    Giant(XModel* model, u64 bytes) : XBone(model), m_Bytes(bytes) {}
+    bool DoData(XFileIO& file) override
+    {
+        static u8 s_Block[65536];
+        bool ok = XBone::DoData(file);
+        for (u64 left = file.IsMeasuring() ? m_Bytes : 0; ok && left > 0;) {
+            const std::size_t part = std::min<u64>(left, sizeof s_Block);
+            ok = file.DoData(s_Block, part) == part;
+            left -= part;
+        }
+        return ok;
+    }
+
+private:
+    u64 m_Bytes;
+};
+
+// A header has four bytes for the size of its chunk.
+TEST_F(ContainerSave, AChunkThatItsHeaderCannotMeasureIsRefusedAheadOfTheFile)
+{
+    const TempFile file(".vkt");
+    const auto save = [&](u64 bytes) {
+        static u64 s_Bytes;  // a creator has no context
+        s_Bytes = bytes;
+        XModel model;
+        XNewNode* const giants = model.AddNewNode(kFamilyTransform, "giant", "GIANT");
+        giants->SetCreator([](const XNewNode&, XModel* owner) -> std::unique_ptr<XBase> {
+            return std::make_unique<Giant>(owner, s_Bytes);
+        });
+        model.CreateNode(*giants);
+        model.GetSaveFlags().Clear(SaveAscii);
+        return model.Save(file.Path());
+    };
+    constexpr u64 kMost = 0xFFFFFFFF;
+    const u64 bone = XBone(&m_Model).MeasureChunk() + 5;  // and the five letters of its name
+    ASSERT_EQ(save(kMost - bone), FileOk);
+    const auto size = std::filesystem::file_size(file.Path());
+    m_Log.Clear();
+    EXPECT_EQ(save(kMost - bone + 1), FileCorrupt);
+    EXPECT_EQ(m_Log.Text(),
+              "Error : \"node1\" takes more than the 4 GiB that a binary file has for a node\n");
+    EXPECT_EQ(std::filesystem::file_size(file.Path()), size) << "the file that was there stays";
 }
 
 TEST_F(ContainerSave, CornersThatNoSetHoldsAreNotPaddedWithoutEnd)

@@ -161,10 +161,10 @@ TEST_F(ContainerText, AnUnknownChunkIsSkippedWithAWarning)
         FileOk);
     EXPECT_EQ(m_Log.Text(), "Warning : Dumping Unknown Chunk: header: NEWER_KIND name: thing\n");
     EXPECT_NE(m_Model.FindNode("w"), nullptr);
-    ASSERT_EQ(m_Model.GetNumDroppedChunks(), 1u);
-    EXPECT_EQ(m_Model.GetDroppedChunks()[0].key, "NEWER_KIND");
-    EXPECT_EQ(m_Model.GetDroppedChunks()[0].name, "thing");
-    EXPECT_FALSE(m_Model.GetDroppedChunks()[0].isDamaged);
+    ASSERT_EQ(m_Model.GetLoadReport().GetChunks().GetCount(), 1u);
+    EXPECT_EQ(m_Model.GetLoadReport().GetChunks().GetFirst()[0].key, "NEWER_KIND");
+    EXPECT_EQ(m_Model.GetLoadReport().GetChunks().GetFirst()[0].name, "thing");
+    EXPECT_FALSE(m_Model.GetLoadReport().GetChunks().GetFirst()[0].isDamaged);
 }
 
 TEST_F(ContainerText, BracesCountWhereverTheyBeginAToken)

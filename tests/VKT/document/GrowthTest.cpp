@@ -116,7 +116,7 @@ protected:
             for (XModel& model : models) {
                 EXPECT_EQ(model.Load(file.Path()), FileOk);
                 EXPECT_EQ(model.GetNodes().size(), numNodes);
-                EXPECT_EQ(model.GetNumDroppedChunks(), 0u);
+                EXPECT_EQ(model.GetLoadReport().GetChunks().GetCount(), 0u);
             }
         };
         const auto save = [&] {

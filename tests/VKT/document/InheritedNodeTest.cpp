@@ -146,7 +146,7 @@ TEST_F(InheritedNode, AChainMayRunAheadOfItsDefinitions)
               FileOk);
     EXPECT_FALSE(m_Model.FindNode("early"));
     EXPECT_TRUE(m_Model.FindNode("late"));
-    EXPECT_EQ(m_Model.GetNumDroppedChunks(), 1u);
+    EXPECT_EQ(m_Model.GetLoadReport().GetChunks().GetCount(), 1u);
 }
 
 TEST_F(InheritedNode, ChainsInACircleOrIntoNothingHaveNoInstances)
@@ -159,7 +159,7 @@ TEST_F(InheritedNode, ChainsInACircleOrIntoNothingHaveNoInstances)
                    Chunk(kFnNonLinearWave, Instance(0, "last").substr(8))),
         FileOk);
     EXPECT_EQ(m_Said, "");
-    EXPECT_EQ(m_Model.GetNumDroppedChunks(), 7u);
+    EXPECT_EQ(m_Model.GetLoadReport().GetChunks().GetCount(), 7u);
     EXPECT_EQ(m_Model.GetNodes().size(), 1u);
     EXPECT_TRUE(m_Model.FindNode("last"));
 }

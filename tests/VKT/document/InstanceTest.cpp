@@ -243,11 +243,12 @@ TEST_F(Instance, LoadNamesTheReferencesThatItDrops)
         Replaced(kWithGroups, "object_id 1", "object_id 44");
     XModel model;
     ASSERT_EQ(LoadText(model, Replaced(text, "INSTANCE_LIST\n\t{\n", "INSTANCE_LIST\n\t{\n" + list)), FileOk);
-    EXPECT_EQ(model.GetNumDroppedReferences(), 3u);
+    EXPECT_EQ(model.GetLoadReport().GetReferences().GetCount(), 3u);
     std::string dropped;
-    for (const XDroppedReference& reference : model.GetDroppedReferences())
-        dropped += reference.bone + ' ' + reference.instance + ' ' + reference.kind + ' ' +
-                   std::to_string(reference.id) + (reference.IsShape() ? " whole\n" : "\n");
+    for (const XDroppedReference& reference : model.GetLoadReport().GetReferences().GetFirst())
+        dropped += reference.bone + ' ' + reference.instance + ' ' + WordFor(reference.link) + ' ' +
+                   std::to_string(reference.id) +
+                   (reference.link == XInstanceLink::kShape ? " whole\n" : "\n");
     EXPECT_EQ(dropped,
               "hip lamp texture 98\n"
               "hip lamp material 99\n"
@@ -258,11 +259,11 @@ TEST_F(Instance, LoadNamesTheReferencesThatItDrops)
     for (int i = 0; i < 1500; ++i)
         many += Replaced(kWithGroups, "material_id 3", "material_id 97");
     ASSERT_EQ(LoadText(model, Replaced(text, "INSTANCE_LIST\n\t{\n", "INSTANCE_LIST\n\t{\n" + many)), FileOk);
-    EXPECT_EQ(model.GetNumDroppedReferences(), 1500u);
-    EXPECT_EQ(model.GetDroppedReferences().size(), 1000u);
+    EXPECT_EQ(model.GetLoadReport().GetReferences().GetCount(), 1500u);
+    EXPECT_EQ(model.GetLoadReport().GetReferences().GetFirst().size(), 1000u);
     ASSERT_EQ(LoadText(model, text), FileOk);
-    EXPECT_EQ(model.GetNumDroppedReferences(), 0u);
-    EXPECT_TRUE(model.GetDroppedReferences().empty());
+    EXPECT_EQ(model.GetLoadReport().GetReferences().GetCount(), 0u);
+    EXPECT_TRUE(model.GetLoadReport().GetReferences().GetFirst().empty());
 }
 
 TEST_F(Instance, SecondOneOfAShapeIsTheFirstAgain)

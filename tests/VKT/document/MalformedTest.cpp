@@ -256,7 +256,7 @@ TEST_F(Malformed, CountsOfABinaryFileThatCannotBeTrue)
         XModel model;
         EXPECT_EQ(LoadBytes(model, file), FileOk);
         EXPECT_EQ(model.GetNodes().size(), 6u);
-        EXPECT_EQ(model.GetNumDroppedChunks(), 1u);
+        EXPECT_EQ(model.GetLoadReport().GetChunks().GetCount(), 1u);
         TryBytes(file);
     }
 }

@@ -250,7 +250,7 @@ TEST_F(NewNode, BinaryFilesKeepDefinitionsAndDropInstances)
     EXPECT_EQ(Hex(bytes.substr(26 + 28, 2)), "58 00");
     ASSERT_EQ(LoadBytes(m_Model, bytes), FileOk);
     EXPECT_TRUE(m_Model.GetNodes().empty());
-    EXPECT_EQ(m_Model.GetNumDroppedChunks(), 1u);
+    EXPECT_EQ(m_Model.GetLoadReport().GetChunks().GetCount(), 1u);
     EXPECT_EQ(m_Model.GetNewNodes().at("LIMB")->GetTypeName(), "LIMBType");
 }
 
@@ -277,9 +277,11 @@ TEST_F(NewNode, InstancesCannotBeCloned)
 TEST_F(NewNode, ACreatorAloneDecides)
 {
     XNewNode* definition = m_Model.AddNewNode(kFamilyNone, "fog", "FOG");
-    definition->SetCreator([](const XNewNode&, XModel* model) -> XBase* { return new XBone(model); });
+    definition->SetCreator([](const XNewNode&, XModel* model) -> std::unique_ptr<XBase> {
+        return std::make_unique<XBone>(model);
+    });
     EXPECT_EQ(m_Model.CreateNode(*definition)->GetApiType(), kFnBone);
-    definition->SetCreator([](const XNewNode&, XModel*) -> XBase* { return nullptr; });
+    definition->SetCreator([](const XNewNode&, XModel*) -> std::unique_ptr<XBase> { return nullptr; });
     EXPECT_EQ(m_Model.CreateNode(*definition), nullptr);
 }
 

@@ -27,7 +27,7 @@ public:
     u32 GetType() const override { return m_Type; }
     XString GetTypeName() const override { return m_TypeName; }
     XString GetChunkName() const override { return m_ChunkName; }
-    XBase* Create(XModel* model) const override { return new XBone(model); }
+    std::unique_ptr<XBase> Create(XModel* model) const override { return std::make_unique<XBone>(model); }
 
 private:
     u32 m_Type;

@@ -146,7 +146,7 @@ TEST_P(SampleSweep, BytesToBytesAreTheSameBytes)
     const std::string bytes = SaveBinaryBytes(m_Model);
     XModel model;
     ASSERT_EQ(LoadBytes(model, bytes), FileOk);
-    EXPECT_EQ(model.GetNumDroppedChunks(), 0u);
+    EXPECT_EQ(model.GetLoadReport().GetChunks().GetCount(), 0u);
     EXPECT_EQ(SaveBinaryBytes(model), bytes);
 }
 

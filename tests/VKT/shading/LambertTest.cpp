@@ -318,7 +318,7 @@ TEST_F(Lambert, OneWithTheNewSpellingInAnOldBinaryFileIsRefusedInSilence)
     const std::string behind = Replaced(kOldBytes, "6e 6f 64 65 31 01", "6e 6f 64 65 32 02");
     ASSERT_EQ(LoadBytes(m_Model, OldBinaryFile({Bytes(renamed), Bytes(behind)})), FileOk);
     EXPECT_EQ(m_Model.FindNode("node1"), nullptr);
-    EXPECT_EQ(m_Model.GetNumDroppedChunks(), 1u);
+    EXPECT_EQ(m_Model.GetLoadReport().GetChunks().GetCount(), 1u);
     ASSERT_NE(m_Model.FindNode("node2"), nullptr);
     EXPECT_EQ(TextOf(*m_Model.FindNode("node2")), kText);
     EXPECT_EQ(m_Log.Text().find("Error"), std::string::npos) << m_Log.Text();

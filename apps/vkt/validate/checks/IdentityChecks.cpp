@@ -1,5 +1,3 @@
-#include <iterator>
-
 #include "VKT/document/Model.h"
 #include "VKT/node/FnRegistry.h"
 #include "common/NodeNames.h"
@@ -23,12 +21,14 @@ void CheckIds(const VKT::XModel& model, Findings& findings)
 void CheckNames(const VKT::XModel& model, Findings& findings)
 {
     const auto& nodes = model.GetNodes();
-    for (auto first = nodes.begin(); first != nodes.end();) {
-        const auto end = nodes.upper_bound(first->first);
-        if (const auto count = std::distance(first, end); count > 1)
-            findings.Warn(first->second, std::to_string(count) +
-                                             " nodes have this name; readers that look for it find this one");
-        first = end;
+    for (auto next = nodes.begin(); next != nodes.end();) {
+        const auto [name, first] = *next;
+        std::size_t count = 0;
+        for (; next != nodes.end() && (*next).first == name; ++next)
+            ++count;
+        if (count > 1)
+            findings.Warn(first, std::to_string(count) +
+                                     " nodes have this name; readers that look for it find this one");
     }
 }
 

@@ -82,20 +82,20 @@ std::map<std::string, BadValues> FindFields(const VKT::XBase& node, std::set<VKT
 
 void CheckDroppedChunks(const VKT::XModel& model, Findings& findings)
 {
-    const auto& chunks = model.GetDroppedChunks();
-    for (const VKT::XDroppedChunk& chunk : chunks)
+    const auto& chunks = model.GetLoadReport().GetChunks();
+    for (const VKT::XDroppedChunk& chunk : chunks.GetFirst())
         findings.Fail(nullptr, "chunk " + DescribeDropped(chunk) + "; readers skip it");
-    if (const auto rest = model.GetNumDroppedChunks() - chunks.size())
+    if (const auto rest = chunks.GetCount() - chunks.GetFirst().size())
         findings.Fail(nullptr, Counted(rest, "chunk") + " more that readers skip");
 }
 
 void CheckDroppedReferences(const VKT::XModel& model, Findings& findings)
 {
-    const auto& references = model.GetDroppedReferences();
-    for (const VKT::XDroppedReference& reference : references)
+    const auto& references = model.GetLoadReport().GetReferences();
+    for (const VKT::XDroppedReference& reference : references.GetFirst())
         findings.Fail(nullptr, DescribeDropped(reference) + "; readers drop the " +
-                                   (reference.IsShape() ? "instance" : "reference"));
-    if (const auto rest = model.GetNumDroppedReferences() - references.size())
+                                   (reference.link == VKT::XInstanceLink::kShape ? "instance" : "reference"));
+    if (const auto rest = references.GetCount() - references.GetFirst().size())
         findings.Fail(nullptr, Counted(rest, "reference") + " more that readers drop");
 }
 
