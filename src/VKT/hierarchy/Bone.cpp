@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "VKT/base/FlagScope.h"
 #include "VKT/base/Logger.h"
 #include "VKT/document/Model.h"
 #include "VKT/hierarchy/BoneWalk.h"
@@ -295,13 +296,24 @@ void XBone::CopyHierarchy(const XBone& source)
     CopyInstancesOf(source);
 }
 
+namespace {
+
+// A clone without what the walk below sees to.
+XBone* CloneAlone(const XBone& bone)
+{
+    XFlagStack& flags = bone.GetModel()->GetCopyFlags();
+    const XFlagScope scope(flags);
+    flags.Clear(CopyParent | CopyChildren | CopyInstances);
+    return XCast<XBone>(bone.Clone());
+}
+
+}  // namespace
+
 // Clones the bones below `source` and hangs the clones below this bone, depth first; a
 // branch is hung up, and gets its instances, once it is whole. Each bone is cloned once,
 // so that rings from damaged files end.
 void XBone::CopyBelow(const XBone& source)
 {
-    XFlagStack& flags = GetModel()->GetCopyFlags();
-    const XFlagStack asked = flags;
     struct Step {
         const XBone* source;
         XBone* copy;
@@ -323,10 +335,7 @@ void XBone::CopyBelow(const XBone& source)
         const XBone* child = XCast<XBone>(GetModel()->FindNode(from->m_Children[next]));
         if (!child || !cloned.insert(child->GetID()).second)
             continue;
-        flags.Clear(CopyParent | CopyChildren | CopyInstances);  // this walk sees to these
-        XBone* const clone = XCast<XBone>(child->Clone());
-        flags = asked;
-        if (clone)
+        if (XBone* const clone = CloneAlone(*child))
             pending.push_back({child, clone, 0});
     }
 }

@@ -1,5 +1,8 @@
+#include <new>
+
 #include "VKT/geometry/PolygonMesh.h"
 #include "VKT/hierarchy/Joint.h"
+#include "VKT/node/FnRegistry.h"
 #include "VKT/support/NodeTest.h"
 
 // Clones of whole hierarchies, damaged ones included.
@@ -130,6 +133,33 @@ TEST_F(BoneClone, AChainOfAHundredThousandBonesIsCopiedWithoutRecursion)
         ++depth;
     EXPECT_EQ(depth, kBones);
     EXPECT_EQ(m_Model.GetNodes().size(), 2 * kBones);
+}
+
+// A class of a user of the library whose copies fail.
+class Uncopied final : public XBone {
+public:
+    static constexpr u32 kType = 1000;
+    using XBone::XBone;
+    u32 GetApiType() const override { return kType; }
+    void DoCopy(const XBase*) override { throw std::bad_alloc(); }
+};
+
+class UncopiedInfo final : public XFnInfo {
+public:
+    u32 GetType() const override { return Uncopied::kType; }
+    XString GetTypeName() const override { return "uncopied"; }
+    XString GetChunkName() const override { return "UNCOPIED"; }
+    std::unique_ptr<XBase> Create(XModel* model) const override { return std::make_unique<Uncopied>(model); }
+};
+
+TEST_F(BoneClone, TheCopyFlagsStayWhateverEndsTheWalk)
+{
+    ASSERT_TRUE(XFnRegister(new UncopiedInfo));
+    XBone& top = Bone("top");
+    top.AddChild(XCast<XBone>(m_Model.CreateNode(Uncopied::kType)));
+    EXPECT_THROW(top.Clone(), std::bad_alloc);
+    for (const u32 flag : {CopyParent, CopyChildren, CopyInstances})
+        EXPECT_TRUE(m_Model.GetCopyFlags().Test(flag)) << flag;
 }
 
 }  // namespace
