@@ -30,9 +30,10 @@ bool XGeometry::GetDeformerQueue(XDeformerList& out) const
 
 void XGeometry::SetDeformerQueue(const XDeformerList& queue)
 {
-    m_DeformerQueue.resize(queue.size());
-    std::transform(queue.begin(), queue.end(), m_DeformerQueue.begin(),
-                   [](const XDeformer* deformer) { return deformer->GetID(); });
+    m_DeformerQueue.clear();
+    for (const XDeformer* deformer : queue)
+        if (deformer)
+            m_DeformerQueue.push_back(deformer->GetID());
 }
 
 bool XGeometry::NodeDeath(u32 id)

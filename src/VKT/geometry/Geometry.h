@@ -21,6 +21,7 @@ public:
     // Appends the deformers of the queue in the order in which they act; entries that
     // the document no longer holds are skipped. Answers whether `out` holds any.
     bool GetDeformerQueue(XDeformerList& out) const;
+    // Replaces the queue. Null entries are passed over.
     void SetDeformerQueue(const XDeformerList& queue);
     const XIndexList& GetDeformerQueueIds() const { return m_DeformerQueue; }
 

@@ -183,6 +183,12 @@ TEST_F(Geometry, QueueIsListedWithoutWhatIsNotThere)
     EXPECT_EQ(empty.GetDeformerQueueIds(), (XIndexList{4, 3}));
 }
 
+TEST_F(Geometry, NullInAQueueIsPassedOver)
+{
+    m_Geometry.SetDeformerQueue({nullptr, &m_Second, nullptr, &m_First});
+    EXPECT_EQ(m_Geometry.GetDeformerQueueIds(), (XIndexList{m_Second.GetID(), m_First.GetID()}));
+}
+
 TEST_F(Geometry, PointsAreCopiedInAndOut)
 {
     const XVector3Array points{{1, 2, 3, 0}, {4, 5, 6, 0}};
