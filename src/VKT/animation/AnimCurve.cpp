@@ -1,8 +1,8 @@
 #include "VKT/animation/AnimCurve.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
-#include <limits>
 
 #include "VKT/animation/CurveEvaluator.h"
 #include "VKT/base/Logger.h"
@@ -47,30 +47,30 @@ void XAnimCurve::SetInterpolation(u32 interpolation)
     m_Interpolation = interpolation;
     if (const u32 stride = StrideOf(interpolation))
         m_Stride = stride;
-    m_LatestTime.reset();  // other floats are times now
+    LookAtTimes();  // other floats are times now
 }
 
-// The first key that is later than `time`; their number when there is none.
-u32 XAnimCurve::FindLater(f32 time)
+void XAnimCurve::LookAtTimes()
 {
-    const u32 numKeys = GetNumKeys();
-    if (!m_LatestTime) {
-        m_LatestTime = -std::numeric_limits<f32>::infinity();
-        for (u32 key = 0; key < numKeys; ++key)
-            m_LatestTime = std::max(*m_LatestTime, GetKey(key, 0));
+    m_LatestTime = -std::numeric_limits<f32>::infinity();
+    m_TimesAscend = true;
+    for (std::size_t at = 0; m_Stride > 0 && at + m_Stride <= m_Keys.size(); at += m_Stride) {
+        // A time that is no number is not in order with any.
+        m_TimesAscend = m_TimesAscend && m_Keys[at] >= m_LatestTime;
+        m_LatestTime = std::max(m_LatestTime, m_Keys[at]);
     }
-    u32 key = *m_LatestTime > time ? 0 : numKeys;
-    while (key < numKeys && !(GetKey(key, 0) > time))
-        ++key;
-    return key;
 }
 
 u32 XAnimCurve::AddKey(f32 time, f32 value)
 {
     if (m_Stride == 0)
         return 0;
-    const u32 key = FindLater(time);
-    m_LatestTime = std::max(*m_LatestTime, time);
+    const u32 numKeys = GetNumKeys();
+    u32 key = m_LatestTime > time ? 0 : numKeys;
+    while (key < numKeys && !(GetKey(key, 0) > time))
+        ++key;
+    m_TimesAscend = m_TimesAscend && !std::isnan(time);
+    m_LatestTime = std::max(m_LatestTime, time);
     const std::size_t at = std::size_t{key} * m_Stride;
     m_Keys.insert(m_Keys.begin() + static_cast<std::ptrdiff_t>(at), m_Stride, 0.0f);
     m_Keys[at] = time;
@@ -110,6 +110,7 @@ bool XAnimCurve::ReadChunk(XTextReader& in)
     in.Read(m_Index);
     SetInterpolation(interpolation);
     in.ReadNumbers(m_Keys, u64{numKeys} * m_Stride);
+    LookAtTimes();
     return Expect("}", in, kSource, 10);
 }
 
@@ -150,7 +151,10 @@ bool XAnimCurve::DoData(XFileIO& file)
     file.DoData(m_Index);
     if (file.IsReading())
         SetInterpolation(m_Interpolation);
-    return file.DoData(m_Keys) != 0;
+    const bool came = file.DoData(m_Keys) != 0;
+    if (file.IsReading())
+        LookAtTimes();
+    return came;
 }
 
 }  // namespace VKT

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <optional>
+#include <limits>
 
 #include "VKT/base/Lists.h"
 
@@ -71,6 +71,8 @@ public:
     {
         return key < GetNumKeys() && part < m_Stride ? m_Keys[std::size_t{key} * m_Stride + part] : 0.0f;
     }
+    // Whether no key is earlier than the one before it. Nothing says so of those of a file.
+    bool TimesAscend() const { return m_TimesAscend; }
     // Adds a key in front of the first later one, or else at the end, and answers its number.
     // Its other floats are 0.
     u32 AddKey(f32 time, f32 value);
@@ -101,7 +103,7 @@ private:
     friend class XAnimCurveBound;  // tests raise m_KeyLimit
 
     bool SetTangent(u32 key, u32 part, f32 value);
-    u32 FindLater(f32 time);
+    void LookAtTimes();
 
     i32 m_Component = -1;
     i32 m_Index = -1;
@@ -111,9 +113,10 @@ private:
     u32 m_KeyLimit = 0;  // keys at or beyond it read as zeroes and cannot be set
     u32 m_Stride = 0;
     XFloatArray m_Keys;
-    // The latest time of all keys, once looked for: it tells that a key goes to the end, so
-    // that keys in ascending order need no search. Nothing says that those of a file ascend.
-    std::optional<f32> m_LatestTime;
+    // Known of the times, so that keys that come in order need no search to be added, and
+    // none but a short one to be found.
+    f32 m_LatestTime = -std::numeric_limits<f32>::infinity();
+    bool m_TimesAscend = true;
 };
 
 }  // namespace VKT

@@ -82,10 +82,22 @@ Interpolator::Segment Interpolator::Find(f32 t) const
 {
     if (t < T(0))
         return {0, 0};
-    for (u32 key = 1; key < m_NumKeys; ++key)
-        if (T(key) > t)
-            return {key - 1, key};
-    return {m_Last, m_Last};
+    const u32 seen = std::min(m_Bound, m_NumKeys);
+    u32 key = 1;
+    if (m_Curve.TimesAscend()) {
+        for (u32 end = seen; key < end;) {
+            const u32 middle = key + (end - key) / 2;
+            if (T(middle) > t)
+                end = middle;
+            else
+                key = middle + 1;
+        }
+    } else {
+        while (key < seen && !(T(key) > t))
+            ++key;
+    }
+    // Beyond the bound one key stands for all.
+    return key < m_NumKeys && T(key) > t ? Segment{key - 1, key} : Segment{m_Last, m_Last};
 }
 
 // The tangents of Kochanek and Bartels, with tension, continuity and bias of the key.

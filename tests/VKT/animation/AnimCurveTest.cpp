@@ -81,6 +81,27 @@ TEST(AnimCurve, AddKeyFindsTheFirstLaterKeyWhereTimesDoNotAscend)
     EXPECT_EQ(curve.AddKey(9, 9), 3u);
 }
 
+TEST(AnimCurve, TellsWhetherItsTimesAscend)
+{
+    EXPECT_TRUE(XAnimCurve().TimesAscend());
+    EXPECT_TRUE(CurveOf("LINEAR", 3, "1 5 2 4 2 3").TimesAscend());
+    EXPECT_FALSE(CurveOf("LINEAR", 3, "1 5 2 4 1 3").TimesAscend());
+
+    XAnimCurve curve = CurveOf("LINEAR", 3, "1 5 3 4 5 6");
+    curve.AddKey(2, 0);
+    curve.AddKey(9, 0);
+    EXPECT_TRUE(curve.TimesAscend());
+    curve.SetInterpolation(kBezier1D);  // times are 1 and 3 now
+    EXPECT_TRUE(curve.TimesAscend());
+    curve.SetInterpolation(kTCB);  // 1 and 4
+    EXPECT_TRUE(curve.TimesAscend());
+    curve.SetInterpolation(kTimedCardinal);  // 1, 0 and 5
+    EXPECT_FALSE(curve.TimesAscend());
+    curve.SetInterpolation(kLinear);
+    curve.AddKey(std::numeric_limits<f32>::quiet_NaN(), 0);
+    EXPECT_FALSE(curve.TimesAscend());
+}
+
 TEST(AnimCurve, AddKeyFindsTimesInTheLayoutOfNow)
 {
     XAnimCurve curve;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <functional>
 #include <limits>
 #include <vector>
@@ -459,6 +460,29 @@ TEST(CurveEvaluator, KeysBeyondTheBoundReadAsZeroes)
     // The last key stands at time 0 and has the value 0.
     EXPECT_TRUE(XEvaluateCurve(curve, 2, 2.5f, value));
     EXPECT_EQ(value, 0);
+}
+
+TEST(CurveEvaluator, TheSegmentIsThatInFrontOfTheFirstLaterKey)
+{
+    // In any order of times: found by a plain walk here.
+    const char* const tables[] = {"0 1 2 3 4 5 6 7", "0 1 2 3 2 5 2 7 8 9", "0 1 5 2 3 3 7 4 6 5",
+                                  "1 1 2 2 0 3 4 4"};
+    for (const char* const table : tables) {
+        const int numKeys = static_cast<int>(std::count(table, table + std::strlen(table), ' ') + 1) / 2;
+        const XAnimCurve curve = CurveOf("STEP", numKeys, table);
+        const u32 count = curve.GetNumKeys();
+        for (u32 bound = 0; bound <= count; ++bound) {
+            const auto at = [&](u32 key, u32 part) { return key < bound ? curve.GetKey(key, part) : 0.0f; };
+            for (f32 time = at(0, 0); time <= at(count - 1, 0); time += 0.5f) {
+                u32 later = 1;
+                while (later < count && !(at(later, 0) > time))
+                    ++later;
+                f32 value = 0;
+                EXPECT_TRUE(XEvaluateCurve(curve, bound, time, value));
+                EXPECT_EQ(value, at(later - 1, 1)) << table << " bound " << bound << " time " << time;
+            }
+        }
+    }
 }
 
 TEST(CurveEvaluator, NotANumberIsAnswered)

@@ -7,6 +7,7 @@
 
 #include "VKT/animation/AnimCurve.h"
 #include "VKT/animation/AnimCycle.h"
+#include "VKT/animation/CurveEvaluator.h"
 #include "VKT/hierarchy/Bone.h"
 #include "VKT/hierarchy/Locator.h"
 #include "VKT/node/Attribute.h"
@@ -188,6 +189,26 @@ TEST_F(Growth, KeysAreAppendedInLinearTime)
     };
     const double ten = append(10, 20'000);
     EXPECT_LT(append(1, 200'000), 5 * ten);
+}
+
+TEST_F(Growth, CurvesAreEvaluatedWithoutAWalkOverTheirKeys)
+{
+    constexpr u32 kTimes = 2'000;
+    const auto evaluate = [](u32 numKeys) {
+        XAnimCurve curve;
+        curve.SetInterpolation(kLinear);
+        for (u32 key = 0; key < numKeys; ++key)
+            curve.AddKey(static_cast<f32>(key), 1);
+        return BestOfThree([&] {
+            for (u32 i = 0; i < kTimes; ++i) {
+                f32 value = 0;
+                EXPECT_TRUE(XEvaluateCurve(curve, numKeys, static_cast<f32>(i * (numKeys / kTimes)), value));
+                EXPECT_EQ(value, 1);
+            }
+        });
+    };
+    const double small = evaluate(kTimes);
+    EXPECT_LT(evaluate(100 * kTimes), 10 * small);
 }
 
 TEST_F(Growth, BonesAreHungAndMovedInLinearTime)
