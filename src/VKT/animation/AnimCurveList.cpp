@@ -109,20 +109,8 @@ void XAnimCurveList::WriteChunk(XTextWriter& out) const
 bool XAnimCurveList::DoData(XFileIO& file)
 {
     constexpr u64 kLeastBytes = 8;  // two empty names and an empty list
-    u32 count = 0;
-    if (!file.DoData(m_Name) || !file.DoId(m_NodeId) || !file.DoCount(count, m_Curves.size(), kLeastBytes))
-        return false;
-    if (file.IsWriting())
-        return std::all_of(m_Curves.begin(), m_Curves.end(),
-                           [&](const auto& curve) { return curve->DoData(file); });
-    m_Curves.clear();
-    for (u32 i = 0; i < count; ++i) {
-        auto curve = std::make_unique<XCycleCurve>();
-        if (!curve->DoData(file))
-            return false;
-        m_Curves.push_back(std::move(curve));
-    }
-    return true;
+    return file.DoData(m_Name) && file.DoId(m_NodeId) &&
+           file.DoEach(m_Curves, kLeastBytes, [&](XCycleCurve& curve) { return curve.DoData(file); });
 }
 
 }  // namespace VKT

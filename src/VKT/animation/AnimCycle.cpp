@@ -117,20 +117,9 @@ bool XAnimCycle::DoData(XFileIO& file)
 bool XAnimCycle::DoCurveLists(XFileIO& file)
 {
     constexpr u64 kLeastBytes = 10;  // an empty name, an id and an empty list
-    u32 count = 0;
-    if (!file.DoCount(count, m_CurveLists.size(), kLeastBytes))
-        return false;
-    if (file.IsWriting())
-        return std::all_of(m_CurveLists.begin(), m_CurveLists.end(),
-                           [&](const auto& list) { return list->DoData(file); });
-    m_CurveLists.clear();
-    for (u32 i = 0; i < count; ++i) {
-        auto list = std::make_unique<XAnimCurveList>(*GetModel());
-        if (!list->DoData(file))
-            return false;
-        m_CurveLists.push_back(std::move(list));
-    }
-    return true;
+    return file.DoEach(
+        m_CurveLists, kLeastBytes, [this] { return std::make_unique<XAnimCurveList>(*GetModel()); },
+        [&](XAnimCurveList& list) { return list.DoData(file); });
 }
 
 bool XAnimCycle::DoBoneAnims(XFileIO& file)

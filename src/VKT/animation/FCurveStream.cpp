@@ -102,13 +102,7 @@ bool XFCurveStream::DoData(XFileIO& file)
         return false;
     if (file.IsReading())
         m_Curves.clear();
-    for (u32 i = 0; i < count; ++i) {
-        if (file.IsReading())
-            m_Curves.push_back(std::make_unique<XAnimCurve>());
-        if (!m_Curves[i]->DoData(file))
-            return false;
-    }
-    return true;
+    return file.DoElements(m_Curves, count, [&](XAnimCurve& curve) { return curve.DoData(file); });
 }
 
 // A count that fails to come is seen at the closing brace.

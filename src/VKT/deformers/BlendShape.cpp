@@ -101,26 +101,19 @@ bool XBlendShape::DoTargets(XFileIO& file, bool isOld)
     XStringList oldNames;
     if (isOld && !DoNames(file, oldNames))
         return false;
+    const auto makeTarget = [&] {
+        auto target = std::make_unique<XBlendTarget>();
+        if (m_Targets.size() < oldNames.size())
+            target->m_Name = oldNames[m_Targets.size()];
+        return target;
+    };
+    const auto doTarget = [&](XBlendTarget& target) {
+        return (isOld || (file.DoData(target.m_Name) && file.DoId(target.m_TargetId) &&
+                          file.DoData(target.m_Weight))) &&
+               file.DoData(target.m_Points);
+    };
     const u64 leastBytes = isOld ? 4 : 14;  // of a target without name and points
-    u32 count = 0;
-    if (!file.DoCount(count, m_Targets.size(), leastBytes))
-        return false;
-    if (file.IsReading())
-        m_Targets.clear();
-    for (u32 i = 0; i < count; ++i) {
-        if (file.IsReading())
-            m_Targets.push_back(std::make_unique<XBlendTarget>());
-        XBlendTarget& target = *m_Targets[i];
-        if (!isOld) {
-            if (!file.DoData(target.m_Name) || !file.DoId(target.m_TargetId) || !file.DoData(target.m_Weight))
-                return false;
-        } else if (file.IsReading() && i < oldNames.size()) {
-            target.m_Name = oldNames[i];
-        }
-        if (!file.DoData(target.m_Points))
-            return false;
-    }
-    return true;
+    return file.DoEach(m_Targets, leastBytes, makeTarget, doTarget);
 }
 
 bool XBlendShape::DoNames(XFileIO& file, XStringList& names) const

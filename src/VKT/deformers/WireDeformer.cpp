@@ -49,18 +49,10 @@ bool XWireDeformer::DoData(XFileIO& file)
 
 bool XWireDeformer::DoWires(XFileIO& file)
 {
-    u32 count = 0;
-    if (!file.DoCount(count, m_Wires.size(), sizeof(XWireRecord)))
-        return false;
-    if (file.IsReading())
-        m_Wires.clear();
-    for (u32 i = 0; i < count; ++i) {
-        XWireRecord& wire = file.IsReading() ? m_Wires.emplace_back() : m_Wires[i];
-        if (!file.DoId(wire.m_BaseWire) || !file.DoId(wire.m_Wire) || !file.DoData(wire.m_WireParam1) ||
-            !file.DoData(wire.m_WireParam2))
-            return false;
-    }
-    return true;
+    return file.DoEach(m_Wires, sizeof(XWireRecord), [&](XWireRecord& wire) {
+        return file.DoId(wire.m_BaseWire) && file.DoId(wire.m_Wire) && file.DoData(wire.m_WireParam1) &&
+               file.DoData(wire.m_WireParam2);
+    });
 }
 
 // Files below version 4 hold three lists, and no curves at rest: those are the wires

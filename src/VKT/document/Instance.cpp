@@ -223,17 +223,9 @@ bool XInstance::DoData(XFileIO& file)
     }
     file.NoteId(m_Material);
     constexpr u64 kLeastBytes = 8;  // a material and an empty list
-    u32 count = 0;
-    if (!file.DoCount(count, m_MaterialGroups.size(), kLeastBytes))
-        return false;
-    for (u32 i = 0; i < count; ++i) {
-        if (file.IsReading())
-            m_MaterialGroups.push_back(std::make_unique<XMaterialGroup>());
-        XMaterialGroup& group = *m_MaterialGroups[i];
-        if (!file.DoId(group.m_Material) || !file.DoData(group.m_Faces))
-            return false;
-    }
-    return true;
+    return file.DoEach(m_MaterialGroups, kLeastBytes, [&](XMaterialGroup& group) {
+        return file.DoId(group.m_Material) && file.DoData(group.m_Faces);
+    });
 }
 
 }  // namespace VKT

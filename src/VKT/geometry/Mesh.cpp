@@ -11,20 +11,16 @@
 namespace VKT {
 namespace {
 
-// A list whose count stands in the file with 16 bits. A read grows it with what comes.
-template <class T, class Each>
-bool DoShortList(XFileIO& file, XVector<T>& list, Each each)
+// A list whose count stands in the file with 16 bits.
+template <class T, class Move>
+bool DoShortList(XFileIO& file, XVector<T>& list, Move move)
 {
     u16 count = static_cast<u16>(list.size());
     if (!file.DoData(count))
         return false;
-    if (!file.IsReading())
-        return std::all_of(list.begin(), list.end(), each);
-    list.clear();
-    while (list.size() < count)
-        if (!each(list.emplace_back()))
-            return false;
-    return true;
+    if (file.IsReading())
+        list.clear();
+    return file.DoElements(list, count, move);
 }
 
 }  // namespace
@@ -86,11 +82,7 @@ bool XMesh::DoTexCoords(XFileIO& file)
         return false;
     if (file.IsReading())
         m_TexCoords.clear();
-    const std::size_t wanted = file.IsReading() ? count : m_TexCoords.size();
-    for (std::size_t i = 0; i < wanted; ++i)
-        if (!file.DoData(file.IsReading() ? m_TexCoords.emplace_back() : m_TexCoords[i]))
-            return false;
-    return true;
+    return file.DoElements(m_TexCoords, count, [&](XTexCoords& table) { return file.DoData(table) != 0; });
 }
 
 bool XMesh::DoFaces(XFileIO& file)

@@ -13,18 +13,12 @@ namespace {
 
 constexpr const char* kSource = ".\\src\\VKT\\MeshVertexColours";
 
-bool DoFaceIndices(XFileIO& file, XVector<XIntList>& faces)
+bool DoColourSet(XFileIO& file, XColourSet& set)
 {
     constexpr u64 kLeastBytes = 4;  // an empty list
-    u32 count = 0;
-    if (!file.DoCount(count, faces.size(), kLeastBytes))
-        return false;
-    if (file.IsReading())
-        faces.clear();
-    for (u32 i = 0; i < count; ++i)
-        if (!file.DoData(file.IsReading() ? faces.emplace_back() : faces[i]))
-            return false;
-    return true;
+    return file.DoData(set.m_Name) && file.DoData(set.m_Colours) &&
+           file.DoEach(set.m_FaceIndices, kLeastBytes,
+                       [&](XIntList& indices) { return file.DoData(indices) != 0; });
 }
 
 // A name without the quotes around it, whatever stands in their places.
@@ -76,19 +70,8 @@ bool XMeshVertexColours::NodeDeath(u32 id)
 bool XMeshVertexColours::DoData(XFileIO& file)
 {
     constexpr u64 kLeastBytes = 10;  // an empty name and two empty lists
-    u32 count = 0;
-    if (!XBase::DoData(file) || !file.DoId(m_MeshId) ||
-        !file.DoCount(count, m_ColourSets.size(), kLeastBytes))
-        return false;
-    if (file.IsReading())
-        m_ColourSets.clear();
-    for (u32 i = 0; i < count; ++i) {
-        XColourSet& set = file.IsReading() ? AddColourSet("") : *m_ColourSets[i];
-        if (!file.DoData(set.m_Name) || !file.DoData(set.m_Colours) ||
-            !DoFaceIndices(file, set.m_FaceIndices))
-            return false;
-    }
-    return true;
+    return XNodeClass::DoData(file) && file.DoId(m_MeshId) &&
+           file.DoEach(m_ColourSets, kLeastBytes, [&](XColourSet& set) { return DoColourSet(file, set); });
 }
 
 void XMeshVertexColours::DoCopy(const XBase* source)

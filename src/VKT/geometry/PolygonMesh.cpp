@@ -139,6 +139,7 @@ void XPolygonMesh::Clear()
     m_NumPolyIndices = 0;
 }
 
+// A read appends its sets to those that the mesh has.
 bool XPolygonMesh::DoData(XFileIO& file)
 {
     XString pointSet = m_PointIndexSet ? m_PointIndexSet->m_Name : "";
@@ -154,35 +155,23 @@ bool XPolygonMesh::DoIndexSets(XFileIO& file)
 {
     constexpr u64 kLeastBytes = 6;  // an empty name and an empty list
     u32 count = 0;
-    if (!file.DoCount(count, m_IndexSets.size(), kLeastBytes))
-        return false;
-    std::size_t i = file.IsReading() ? m_IndexSets.size() : 0;
-    for (const std::size_t end = i + count; i < end; ++i) {
-        if (file.IsReading())
-            m_IndexSets.push_back(std::make_unique<XIndexSet>(this, ""));
-        XIndexSet& set = *m_IndexSets[i];
-        if (!file.DoData(set.m_Name) || !file.DoData(set.m_Indices))
-            return false;
-    }
-    return true;
+    return file.DoCount(count, m_IndexSets.size(), kLeastBytes) &&
+           file.DoElements(
+               m_IndexSets, count, [this] { return std::make_unique<XIndexSet>(this, ""); },
+               [&](XIndexSet& set) { return file.DoData(set.m_Name) && file.DoData(set.m_Indices); });
 }
 
 bool XPolygonMesh::DoVertexSets(XFileIO& file)
 {
     constexpr u64 kLeastBytes = 20;  // two empty names, three numbers and an empty list
+    const auto doSet = [&](XVertexSet& set) {
+        return file.DoData(set.m_Name) && file.DoData(set.m_NumElements) && file.DoData(set.m_ElementSize) &&
+               file.DoData(set.m_Usage) && file.DoData(set.m_IndexSetName) && file.DoData(set.m_Elements);
+    };
     u32 count = 0;
-    if (!file.DoCount(count, m_VertexSets.size(), kLeastBytes))
-        return false;
-    std::size_t i = file.IsReading() ? m_VertexSets.size() : 0;
-    for (const std::size_t end = i + count; i < end; ++i) {
-        if (file.IsReading())
-            m_VertexSets.push_back(std::make_unique<XVertexSet>(this, ""));
-        XVertexSet& set = *m_VertexSets[i];
-        if (!file.DoData(set.m_Name) || !file.DoData(set.m_NumElements) || !file.DoData(set.m_ElementSize) ||
-            !file.DoData(set.m_Usage) || !file.DoData(set.m_IndexSetName) || !file.DoData(set.m_Elements))
-            return false;
-    }
-    return true;
+    return file.DoCount(count, m_VertexSets.size(), kLeastBytes) &&
+           file.DoElements(
+               m_VertexSets, count, [this] { return std::make_unique<XVertexSet>(this, ""); }, doSet);
 }
 
 // A source without a point index set leaves the copy without one.

@@ -19,22 +19,6 @@ constexpr const char* kTypeWords[] = {"InnerBoundary_ClockWise", "OuterBoundary_
 
 // Binary.
 
-// A list whose elements are moved by `each`, of at least `leastBytes` each in the file. A
-// read grows it with what comes.
-template <class T>
-bool DoEach(XFileIO& file, XVector<T>& list, u64 leastBytes, bool (*each)(XFileIO&, T&))
-{
-    u32 count = 0;
-    if (!file.DoCount(count, list.size(), leastBytes))
-        return false;
-    if (file.IsReading())
-        list.clear();
-    for (u32 i = 0; i < count; ++i)
-        if (!each(file, file.IsReading() ? list.emplace_back() : list[i]))
-            return false;
-    return true;
-}
-
 bool DoCurve(XFileIO& file, XTrimCurve& curve)
 {
     return file.DoData(curve.m_CvsU) && file.DoData(curve.m_CvsV) && file.DoData(curve.m_Knots2D) &&
@@ -45,13 +29,16 @@ bool DoCurve(XFileIO& file, XTrimCurve& curve)
 bool DoBoundary(XFileIO& file, XTrimBoundary& boundary)
 {
     constexpr u64 kLeastBytes = 28;  // five empty lists and two degrees
-    return DoEach(file, boundary.m_Curves, kLeastBytes, DoCurve) && file.DoData(boundary.m_Type);
+    return file.DoEach(boundary.m_Curves, kLeastBytes, [&](XTrimCurve& curve) {
+        return DoCurve(file, curve);
+    }) && file.DoData(boundary.m_Type);
 }
 
 bool DoRegion(XFileIO& file, XTrimRegion& region)
 {
     constexpr u64 kLeastBytes = 8;  // an empty list and a type
-    return DoEach(file, region.m_Boundaries, kLeastBytes, DoBoundary);
+    return file.DoEach(region.m_Boundaries, kLeastBytes,
+                       [&](XTrimBoundary& boundary) { return DoBoundary(file, boundary); });
 }
 
 // Text.
@@ -165,7 +152,7 @@ bool ReadRegion(XTextReader& in, XTrimRegion& region)
 bool XTrimData::DoData(XFileIO& file)
 {
     constexpr u64 kLeastBytes = 4;  // an empty list
-    return DoEach(file, m_Regions, kLeastBytes, DoRegion);
+    return file.DoEach(m_Regions, kLeastBytes, [&](XTrimRegion& region) { return DoRegion(file, region); });
 }
 
 void XTrimData::Write(XTextWriter& out) const

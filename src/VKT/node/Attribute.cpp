@@ -34,12 +34,7 @@ XAttributeValue EmptyValue(std::size_t index)
 bool DoConnections(XFileIO& file, XVector<XConnection>& connections)
 {
     constexpr u64 kLeastBytes = 10;  // two numbers and an empty name
-    u32 count = 0;
-    if (!file.DoCount(count, connections.size(), kLeastBytes))
-        return false;
-    if (file.IsReading())
-        connections.resize(count);
-    return std::all_of(connections.begin(), connections.end(), [&](XConnection& connection) {
+    return file.DoEach(connections, kLeastBytes, [&](XConnection& connection) {
         return file.DoData(connection.m_Node) && file.DoData(connection.m_Index) &&
                file.DoData(connection.m_Attribute);
     });

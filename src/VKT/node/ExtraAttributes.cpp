@@ -127,18 +127,9 @@ bool XExtraAttributes::DoData(XFileIO& file)
 {
     constexpr u64 kLeastBytes = 6;  // a type and an empty name
     u32 count = 0;
-    if (!file.DoCount(count, m_Attributes.size(), kLeastBytes))
-        return false;
-    if (file.IsReading())
-        for (u32 i = 0; i < count; ++i) {
-            if (!Add("")->DoData(file))
-                return false;
-        }
-    else
-        for (const auto& attribute : m_Attributes)
-            if (!attribute->DoData(file))
-                return false;
-    return true;
+    return file.DoCount(count, m_Attributes.size(), kLeastBytes) &&
+           file.DoElements(m_Attributes, count,
+                           [&](XAttribute& attribute) { return attribute.DoData(file); });
 }
 
 }  // namespace VKT

@@ -101,25 +101,15 @@ bool XRamp::DoData(XFileIO& file)
         return false;
     constexpr u64 kFloatKeyBytes = 12;
     constexpr u64 kColourKeyBytes = 24;
-    u32 count = 0;
-    if (!file.DoCount(count, m_Keys.size(), HoldsColours() ? kColourKeyBytes : kFloatKeyBytes))
-        return false;
-    if (file.IsReading())
-        m_Keys.clear();
-    for (u32 i = 0; i < count; ++i) {
-        if (file.IsReading())
-            m_Keys.emplace_back();
-        XColour& value = m_Keys[i].value;
-        if (!(HoldsColours() ? file.DoData(value) : file.DoData(value.r)))
-            return false;
-    }
-    for (XRampKey& key : m_Keys)
-        if (!file.DoData(key.interpolation))
-            return false;
-    for (XRampKey& key : m_Keys)
-        if (!file.DoData(key.position))
-            return false;
-    return true;
+    const bool cameValues =
+        file.DoEach(m_Keys, HoldsColours() ? kColourKeyBytes : kFloatKeyBytes, [&](XRampKey& key) {
+            return (HoldsColours() ? file.DoData(key.value) : file.DoData(key.value.r)) != 0;
+        });
+    return cameValues &&
+           std::all_of(m_Keys.begin(), m_Keys.end(),
+                       [&](XRampKey& key) { return file.DoData(key.interpolation) != 0; }) &&
+           std::all_of(m_Keys.begin(), m_Keys.end(),
+                       [&](XRampKey& key) { return file.DoData(key.position) != 0; });
 }
 
 }  // namespace VKT

@@ -181,7 +181,7 @@ std::size_t XFileIO::Write(const u8* from, std::size_t bytes)
     return bytes;
 }
 
-std::size_t XFileIO::DoElements(void* data, std::size_t elementSize, std::size_t count)
+std::size_t XFileIO::DoBytes(void* data, std::size_t elementSize, std::size_t count)
 {
     const std::size_t bytes = elementSize * count;
     if (m_Measuring) {
@@ -239,7 +239,7 @@ void XFileIO::NoteIds(const XIndexList& ids) const
 std::size_t XFileIO::DoData(XVector3& value)
 {
     f32 stored[3] = {value.x, value.y, value.z};
-    const std::size_t moved = DoElements(stored, sizeof(f32), 3);
+    const std::size_t moved = DoBytes(stored, sizeof(f32), 3);
     if (m_Reading && moved)
         value = {stored[0], stored[1], stored[2], 0.0f};
     return moved;
@@ -301,18 +301,8 @@ std::size_t XFileIO::DoData(XString& value)
 
 std::size_t XFileIO::DoData(XStringList& list)
 {
-    u32 count = 0;
-    if (!DoCount(count, list.size(), sizeof(u16)))
-        return 0;
-    if (m_Reading)
-        list.clear();
-    for (u32 i = 0; i < count; ++i) {
-        if (m_Reading)
-            list.emplace_back();
-        if (!DoData(list[i]))
-            return 0;
-    }
-    return 1 + std::size_t{count};
+    const bool came = DoEach(list, sizeof(u16), [this](XString& text) { return DoData(text) != 0; });
+    return came ? 1 + list.size() : 0;
 }
 
 bool XFileIO::DoCount(u32& count, std::size_t size, u64 elementBytes)

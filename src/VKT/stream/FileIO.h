@@ -73,8 +73,8 @@ public:
     std::size_t DoData(XVector4& value) { return DoValue(value); }
     std::size_t DoData(XQuaternion& value) { return DoValue(value); }
     std::size_t DoData(XColour& value) { return DoValue(value); }
-    std::size_t DoData(XMatrix& value) { return DoElements(value.m, sizeof(f32), 16); }
-    std::size_t DoData(XDate& value) { return DoElements(&value, sizeof value, 1); }
+    std::size_t DoData(XMatrix& value) { return DoBytes(value.m, sizeof(f32), 16); }
+    std::size_t DoData(XDate& value) { return DoBytes(&value, sizeof value, 1); }
     // u16 length and the characters; a longer string is cut to 65535 of them.
     std::size_t DoData(XString& value);
 
@@ -93,7 +93,7 @@ public:
     {
         static_assert(std::is_trivially_copyable_v<T> && !std::is_same_v<T, bool>);
         if (count == 0 || count > static_cast<std::size_t>(m_End - m_Cursor) / sizeof(T))
-            return DoElements(data, sizeof(T), count);
+            return DoBytes(data, sizeof(T), count);
         // Short lists are many: what the window holds takes no call.
         if (m_Reading)
             std::memcpy(data, m_Cursor, sizeof(T) * count);
@@ -119,6 +119,48 @@ public:
     // the file cannot hold is logged and fails.
     bool DoCount(u32& count, std::size_t size, u64 elementBytes);
 
+    // Lists whose elements have several fields. `move(element)` transfers one, or what it
+    // points to, and answers whether it came; `make()` gives a read the next one to fill,
+    // where a default one will not do. An element enters the list once it came whole, so
+    // that a list grows with what is there, and nothing enters behind the first failure.
+    //
+    // A count of 32 bits, then the elements, each at least `elementBytes` long in the file;
+    // a read replaces the list's content.
+    template <class T, class Make, class Move>
+    bool DoEach(XVector<T>& list, u64 elementBytes, Make make, Move move)
+    {
+        u32 count = 0;
+        if (!DoCount(count, list.size(), elementBytes))
+            return false;
+        if (m_Reading)
+            list.clear();
+        return DoElements(list, count, make, move);
+    }
+    template <class T, class Move>
+    bool DoEach(XVector<T>& list, u64 elementBytes, Move move)
+    {
+        return DoEach(list, elementBytes, MakeDefault<T>, move);
+    }
+    // The elements alone. A read appends `count` of them, a write takes all there are.
+    template <class T, class Make, class Move>
+    bool DoElements(XVector<T>& list, u32 count, Make make, Move move)
+    {
+        if (!m_Reading)
+            return std::all_of(list.begin(), list.end(), [&](T& element) { return move(Content(element)); });
+        for (; count > 0; --count) {
+            T element = make();
+            if (!move(Content(element)))
+                return false;
+            list.push_back(std::move(element));
+        }
+        return true;
+    }
+    template <class T, class Move>
+    bool DoElements(XVector<T>& list, u32 count, Move move)
+    {
+        return DoElements(list, count, MakeDefault<T>, move);
+    }
+
 private:
     explicit XFileIO(XIndexList* ids) : m_Measuring(true), m_Ids(ids) {}
 
@@ -128,7 +170,7 @@ private:
     std::size_t DoValue(T& value)
     {
         if (static_cast<std::size_t>(m_End - m_Cursor) < sizeof(T))
-            return DoElements(&value, sizeof(T), 1);
+            return DoBytes(&value, sizeof(T), 1);
         if (m_Reading)
             std::memcpy(&value, m_Cursor, sizeof(T));
         else
@@ -157,7 +199,27 @@ private:
         return 1 + std::size_t{count};
     }
 
-    std::size_t DoElements(void* data, std::size_t elementSize, std::size_t count);
+    // The content of a list's element: what an owning pointer points to, or itself.
+    template <class T>
+    static T& Content(T& element)
+    {
+        return element;
+    }
+    template <class T>
+    static T& Content(std::unique_ptr<T>& element)
+    {
+        return *element;
+    }
+    template <class T>
+    static T MakeDefault()
+    {
+        if constexpr (requires(T element) { typename T::element_type; })
+            return std::make_unique<typename T::element_type>();
+        else
+            return T{};
+    }
+
+    std::size_t DoBytes(void* data, std::size_t elementSize, std::size_t count);
     std::size_t Read(u8* to, std::size_t bytes);
     std::size_t Write(const u8* from, std::size_t bytes);
     std::size_t Fill();

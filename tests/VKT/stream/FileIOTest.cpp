@@ -259,6 +259,75 @@ TEST(FileIO, DoCountHoldsACountAgainstTheBytesThatAreLeft)
               "03 00 00 00");
 }
 
+struct Pair {
+    u8 first = 9;
+    XString second;
+};
+
+bool DoPair(XFileIO& file, Pair& pair)
+{
+    return file.DoData(pair.first) && file.DoData(pair.second);
+}
+
+TEST(FileIO, DoEachMovesListsOfSeveralFields)
+{
+    XVector<Pair> list{{1, "a"}, {2, ""}};
+    const std::string bytes = Written([&](XFileIO& out) {
+        EXPECT_TRUE(out.DoEach(list, 3, [&](Pair& pair) { return DoPair(out, pair); }));
+    });
+    EXPECT_EQ(Hex(bytes), "02 00 00 00 01 01 00 61 02 00 00");
+
+    // By pointers, which a read makes as it is told.
+    const TempFile file(".bin", bytes);
+    XFileIO in(file.Path(), true);
+    XVector<std::unique_ptr<Pair>> pointers;
+    pointers.push_back(std::make_unique<Pair>());
+    const auto make = [] { return std::make_unique<Pair>(Pair{7, "new"}); };
+    EXPECT_TRUE(in.DoEach(pointers, 3, make, [&](Pair& pair) {
+        EXPECT_EQ(pair.second, "new");
+        return DoPair(in, pair);
+    }));
+    ASSERT_EQ(pointers.size(), 2u) << "what stood there is replaced";
+    EXPECT_EQ(pointers[0]->second, "a");
+    EXPECT_EQ(pointers[1]->first, 2);
+}
+
+TEST(FileIO, AnElementThatFailsDoesNotEnterItsList)
+{
+    LogCatcher log;
+    const TempFile file(".bin", Bytes("03 00 00 00 01 01 00 61 02 05 00 62 63"));
+    XFileIO in(file.Path(), true);
+    XVector<Pair> list;
+    EXPECT_FALSE(in.DoEach(list, 3, [&](Pair& pair) { return DoPair(in, pair); }));
+    ASSERT_EQ(list.size(), 1u);
+    EXPECT_EQ(list[0].second, "a");
+    EXPECT_EQ(log.Text(), "Error : XFileIO::DoData : expected to read/write 1 elements got 0\n");
+}
+
+TEST(FileIO, CountThatCannotBeTrueLeavesTheList)
+{
+    LogCatcher log;
+    const TempFile file(".bin", Bytes("03 00 00 00 01 01 00 61"));
+    XFileIO in(file.Path(), true);
+    XVector<Pair> list{{1, "kept"}};
+    EXPECT_FALSE(in.DoEach(list, 3, [&](Pair& pair) { return DoPair(in, pair); }));
+    ASSERT_EQ(list.size(), 1u);
+    EXPECT_EQ(list[0].second, "kept");
+    EXPECT_EQ(log.Text(), "Error : XFileIO::DoData : expected to read/write 3 elements got 1\n");
+}
+
+TEST(FileIO, DoElementsAppendsAsManyAsItIsTold)
+{
+    const TempFile file(".bin", Bytes("01 01 00 61 02 00 00 03 00 00"));
+    XFileIO in(file.Path(), true);
+    XVector<Pair> list{{1, "kept"}};
+    EXPECT_TRUE(in.DoElements(list, 2, [&](Pair& pair) { return DoPair(in, pair); }));
+    ASSERT_EQ(list.size(), 3u);
+    EXPECT_EQ(list[0].second, "kept");
+    EXPECT_EQ(list[2].first, 2);
+    EXPECT_EQ(in.Position(), 7);
+}
+
 TEST(FileIO, MeasuresWhatItWouldWrite)
 {
     XFileIO measure = XFileIO::Measuring();
