@@ -6,8 +6,8 @@
 
 #include "VKT/animation/CurveEvaluator.h"
 #include "VKT/base/Logger.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/FileIO.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -22,12 +22,11 @@ constexpr const char* kInfinityWords[] = {"kInfinityConstant", "kInfinityLinear"
 
 // Reads a key and the number of its word; 0 for one that is not in the list. An end of the
 // input is seen at the next key.
-bool ReadWord(std::string_view key, XTextReader& in, int line, XWordList words, u32& number)
+bool ReadWord(std::string_view key, XBlockReader& block, XWordList words, u32& number)
 {
     XString word;
-    if (!Expect(key, in, kSource, line))
+    if (!block.Read(key, word))
         return false;
-    in.ReadToken(word);
     number = 0;
     FindWord(word, words, number);
     return true;
@@ -95,23 +94,17 @@ bool XAnimCurve::ReadChunk(XTextReader& in)
 {
     u32 interpolation = 0;
     u32 numKeys = 0;
-    if (!Expect("ANIM_CURVE", in, kSource, 2) || !Expect("{", in, kSource, 3) ||
-        !ReadWord("interpolation", in, 4, kInterpolationWords, interpolation) ||
-        !Expect("num_keys", in, kSource, 5))
+    XBlockReader block(in, kSource, 1);  // behind the number of curves
+    if (!block.Expect("ANIM_CURVE") || !block.Expect("{") ||
+        !ReadWord("interpolation", block, kInterpolationWords, interpolation) ||
+        !block.Read("num_keys", numKeys) || !ReadWord("pre_infinity", block, kInfinityWords, m_PreInfinity) ||
+        !ReadWord("post_infinity", block, kInfinityWords, m_PostInfinity) ||
+        !block.Read("component", m_Component) || !block.Read("index", m_Index))
         return false;
-    in.Read(numKeys);
-    if (!ReadWord("pre_infinity", in, 6, kInfinityWords, m_PreInfinity) ||
-        !ReadWord("post_infinity", in, 7, kInfinityWords, m_PostInfinity) ||
-        !Expect("component", in, kSource, 8))
-        return false;
-    in.Read(m_Component);
-    if (!Expect("index", in, kSource, 9))
-        return false;
-    in.Read(m_Index);
     SetInterpolation(interpolation);
     in.ReadNumbers(m_Keys, u64{numKeys} * m_Stride);
     LookAtTimes();
-    return Expect("}", in, kSource, 10);
+    return block.Expect("}");
 }
 
 // Interpolations without a word are written as steps, with their times and values alone:

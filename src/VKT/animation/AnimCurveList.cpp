@@ -2,48 +2,35 @@
 
 #include <algorithm>
 
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/FileIO.h"
 #include "VKT/stream/NodeName.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
-namespace {
 
-constexpr const char* kSource = ".\\src\\VKT\\AnimCycle";
-
-// A number that fails to come is seen at the next key.
-bool ReadKeyed(std::string_view key, XTextReader& in, int line, f32& value)
+bool XCycleCurve::ReadChunk(XBlockReader block)
 {
-    if (!Expect(key, in, kSource, line))
+    if (!block.Read("ANIM_CURVE", m_Name))
         return false;
-    in.Read(value);
-    return true;
+    std::erase(m_Name, '"');
+    u32 count = 0;
+    if (!block.Expect("{") || !block.Read("attr_name", m_AttrName) || !block.Read("num_keys", count))
+        return false;
+    for (u32 i = 0; i < count; ++i)
+        if (!ReadKey(block))
+            return false;
+    return block.Expect("}");
 }
 
-}  // namespace
-
-bool XCycleCurve::ReadChunk(XTextReader& in)
+bool XCycleCurve::ReadKey(XBlockReader block)
 {
-    if (!Expect("ANIM_CURVE", in, kSource, 11))
+    XCycleKey key{};
+    if (!block.Read("time", key.time) || !block.Read("value", key.value) || !block.Read("in", key.in) ||
+        !block.Read("out", key.out))
         return false;
-    in.ReadToken(m_Name);
-    std::erase(m_Name, '"');
-    if (!Expect("{", in, kSource, 7) || !Expect("attr_name", in, kSource, 12))
-        return false;
-    in.ReadToken(m_AttrName);
-    if (!Expect("num_keys", in, kSource, 13))
-        return false;
-    u32 count = 0;
-    in.Read(count);
-    for (u32 i = 0; i < count; ++i) {
-        XCycleKey key{};
-        if (!ReadKeyed("time", in, 14, key.time) || !ReadKeyed("value", in, 15, key.value) ||
-            !ReadKeyed("in", in, 16, key.in) || !ReadKeyed("out", in, 17, key.out))
-            return false;
-        m_Keys.push_back(key);
-    }
-    return Expect("}", in, kSource, 8);
+    m_Keys.push_back(key);
+    return true;
 }
 
 void XCycleCurve::WriteChunk(XTextWriter& out) const
@@ -77,23 +64,19 @@ XCycleCurve* XAnimCurveList::AddCurve(const XString& name, const XString& attrNa
     return curve;
 }
 
-bool XAnimCurveList::ReadChunk(XTextReader& in)
+bool XAnimCurveList::ReadChunk(XBlockReader block)
 {
-    in.ReadToken(m_Name);
-    if (!Expect("{", in, kSource, 7) || !Expect("node", in, kSource, 9))
-        return false;
-    in.Read(m_NodeId);
-    if (!Expect("num_curves", in, kSource, 10))
-        return false;
+    block.In().ReadToken(m_Name);
     u32 count = 0;
-    in.Read(count);
+    if (!block.Expect("{") || !block.Read("node", m_NodeId) || !block.Read("num_curves", count))
+        return false;
     for (u32 i = 0; i < count; ++i) {
         auto curve = std::make_unique<XCycleCurve>();
-        if (!curve->ReadChunk(in))
+        if (!curve->ReadChunk(block))
             return false;
         m_Curves.push_back(std::move(curve));
     }
-    return Expect("}", in, kSource, 8);
+    return block.Expect("}");
 }
 
 void XAnimCurveList::WriteChunk(XTextWriter& out) const

@@ -3,12 +3,12 @@
 #include <memory>
 
 #include "VKT/base/Lists.h"
+#include "VKT/stream/BlockReader.h"
 
 namespace VKT {
 
 class XFileIO;
 class XModel;
-class XTextReader;
 class XTextWriter;
 
 // A key of a cycle's curve: time and value, and what its tangents are made of.
@@ -28,11 +28,13 @@ public:
     const XVector<XCycleKey>& GetKeys() const { return m_Keys; }
 
     // The `ANIM_CURVE` block, and the binary form.
-    bool ReadChunk(XTextReader& in);
+    bool ReadChunk(XBlockReader block);
     void WriteChunk(XTextWriter& out) const;
     bool DoData(XFileIO& file);
 
 private:
+    bool ReadKey(XBlockReader block);
+
     XString m_Name;
     XString m_AttrName;
     XVector<XCycleKey> m_Keys;
@@ -57,7 +59,7 @@ public:
 
     // The block behind its key, and the binary form. A curve whose read fails is not in the
     // list.
-    bool ReadChunk(XTextReader& in);
+    bool ReadChunk(XBlockReader block);
     void WriteChunk(XTextWriter& out) const;
     bool DoData(XFileIO& file);
 

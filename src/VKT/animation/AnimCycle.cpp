@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "VKT/document/Model.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/NodeName.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -167,55 +167,53 @@ bool XAnimCycle::WriteChunk(XTextWriter& out) const
 
 bool XAnimCycle::ReadFields(XTextReader& in)
 {
-    if (!Expect("num_bones", in, kSource, 5))
-        return false;
+    XBlockReader block(in, kSource, TextBody().rows.size());
     u32 count = 0;
-    in.Read(count);
-    if (!XNodeClass::ReadFields(in))
+    if (!block.Read("num_bones", count) || !XNodeClass::ReadFields(in))
         return false;
     CleanOwnName();
     for (u32 i = 0; i < count; ++i)
-        if (!ReadBoneAnim(in))
+        if (!ReadBoneAnim(block))
             return false;
-    return ReadCurveLists(in);
+    return ReadCurveLists(block);
 }
 
-bool XAnimCycle::ReadBoneAnim(XTextReader& in)
+bool XAnimCycle::ReadBoneAnim(XBlockReader block)
 {
-    if (!Expect("BONE_ANIM", in, kSource, 6))
-        return false;
     u32 boneId = 0;
+    if (!block.Read("BONE_ANIM", boneId))
+        return false;
+    XTextReader& in = block.In();
     XString brace;
-    in.Read(boneId);
     in.ReadToken(brace);
     auto anim = std::make_unique<XSampledBoneAnim>();
     anim->ReadFrames(in, m_NumFrames);
     if (in.IsGood())
         m_BoneAnims[boneId] = std::move(anim);
-    return Expect("}", in, kSource, 8);
+    return block.Expect("}");
 }
 
 // Up to the closing brace of the cycle. Other blocks are passed over.
-bool XAnimCycle::ReadCurveLists(XTextReader& in)
+bool XAnimCycle::ReadCurveLists(XBlockReader block)
 {
     XString word;
     for (u64 depth = 1; depth > 0;) {
-        if (!in.ReadToken(word))
+        if (!block.In().ReadToken(word))
             return false;
         if (word == "{")
             ++depth;
         else if (word == "}")
             --depth;
-        else if (word == "ANIM_CURVE_LIST" && !ReadCurveList(in))
+        else if (word == "ANIM_CURVE_LIST" && !ReadCurveList(block))
             return false;
     }
     return true;
 }
 
-bool XAnimCycle::ReadCurveList(XTextReader& in)
+bool XAnimCycle::ReadCurveList(XBlockReader block)
 {
     auto list = std::make_unique<XAnimCurveList>(*GetModel());
-    if (!list->ReadChunk(in))
+    if (!list->ReadChunk(block))
         return false;
     m_CurveLists.push_back(std::move(list));
     return true;

@@ -59,9 +59,9 @@ public:
 private:
     bool DoCurveLists(XFileIO& file);
     bool DoBoneAnims(XFileIO& file);
-    bool ReadBoneAnim(XTextReader& in);
-    bool ReadCurveLists(XTextReader& in);
-    bool ReadCurveList(XTextReader& in);
+    bool ReadBoneAnim(XBlockReader block);
+    bool ReadCurveLists(XBlockReader block);
+    bool ReadCurveList(XBlockReader block);
 
     f32 m_Start = 0.0f;
     f32 m_End = 0.0f;

@@ -8,15 +8,13 @@
 #include "VKT/animation/SampledStream.h"
 #include "VKT/base/Logger.h"
 #include "VKT/node/Attribute.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/FileIO.h"
 #include "VKT/stream/NodeName.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
 namespace {
-
-constexpr const char* kSource = ".\\src\\VKT\\AnimationTake";
 
 // Kept on purpose: what a text file gives to arrays of vectors. It has no name and no
 // elements.
@@ -166,27 +164,23 @@ void XAnimatedAttribute::FillWithCurrent(XSampledStream& stream) const
         fill(rotation);
 }
 
-bool XAnimatedAttribute::ReadChunk(XTextReader& in)
+bool XAnimatedAttribute::ReadChunk(XBlockReader block)
 {
     XString name;
-    if (!Expect("ATTR", in, kSource, 12))
+    if (!block.Read("ATTR", name))
         return false;
-    in.ReadToken(name);
     const XBase* const node = GetNode();
     if (!node)
         return false;
     SetTarget(*node, name);
-    if (!Expect("{", in, kSource, 8) || !Expect("num_streams", in, kSource, 13))
-        return false;
     u32 count = 0;
-    in.Read(count);
-    if (!Expect("elements_per_sample", in, kSource, 14))
+    if (!block.Expect("{") || !block.Read("num_streams", count) ||
+        !block.Read("elements_per_sample", m_ElementsPerSample))
         return false;
-    in.Read(m_ElementsPerSample);
     for (u32 i = 0; i < count; ++i)
-        if (!ReadStream(in))
+        if (!ReadStream(block))
             return false;
-    return Expect("}", in, kSource, 11);
+    return block.Expect("}");
 }
 
 void XAnimatedAttribute::SetTarget(const XBase& node, const XString& word)
@@ -197,24 +191,22 @@ void XAnimatedAttribute::SetTarget(const XBase& node, const XString& word)
         m_ExtraAttribute = word;
 }
 
-bool XAnimatedAttribute::ReadStream(XTextReader& in)
+bool XAnimatedAttribute::ReadStream(XBlockReader block)
 {
+    XTextReader& in = block.In();
     XString word;
     in.ReadToken(word);
     std::unique_ptr<XAnimationStream> stream;
-    if (word == "POSE_KEY") {
+    if (word == "POSE_KEY")
         stream = std::make_unique<XPoseStream>(*this);
-    } else if (word == "SAMPLED_KEYS") {
+    else if (word == "SAMPLED_KEYS")
         stream = std::make_unique<XSampledStream>(*this, m_ElementsPerSample);
-    } else if (word == "FCURVE_STREAM") {
+    else if (word == "FCURVE_STREAM")
         stream = std::make_unique<XFCurveStream>(*this);
-    } else {
-        GetLogger()->LogFormat(kError, "Expected %s got %s [%s:%d]", "FCURVE_STREAM", word.c_str(), kSource,
-                               15);
-        return false;
-    }
-    return Expect("{", in, kSource, 8) && stream->ReadChunk(in) && Expect("}", in, kSource, 11) &&
-           Add(std::move(stream));
+    else
+        return block.Refuse("FCURVE_STREAM", word);
+    block.NextRow();
+    return block.Expect("{") && stream->ReadChunk(in) && block.Expect("}") && Add(std::move(stream));
 }
 
 bool XAnimatedAttribute::WriteChunk(XTextWriter& out) const

@@ -5,6 +5,7 @@
 #include "VKT/animation/AnimationStream.h"
 #include "VKT/base/Lists.h"
 #include "VKT/node/NodeProperties.h"
+#include "VKT/stream/BlockReader.h"
 
 namespace VKT {
 
@@ -53,7 +54,7 @@ public:
     XFCurveStream* GetFCurveStream() const;
 
     // The `ATTR` block. A node that is not in the document fails in silence.
-    bool ReadChunk(XTextReader& in);
+    bool ReadChunk(XBlockReader block);
     bool WriteChunk(XTextWriter& out) const;
     // In both directions. False when a stream could not be moved; numbers that come short
     // are logged and keep their defaults.
@@ -66,7 +67,7 @@ private:
     Stream* Add(std::unique_ptr<Stream> stream);
     void FillWithCurrent(XSampledStream& stream) const;
     void SetTarget(const XBase& node, const XString& word);
-    bool ReadStream(XTextReader& in);
+    bool ReadStream(XBlockReader block);
     bool DoStream(XFileIO& file, u32 i);
 
     XStreamKind m_Kind = kScalar;

@@ -6,14 +6,12 @@
 #include "VKT/animation/AnimationTake.h"
 #include "VKT/base/Logger.h"
 #include "VKT/document/Model.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/FileIO.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
 namespace {
-
-constexpr const char* kSource = ".\\src\\VKT\\AnimationTake";
 
 // The kind of a new attribute; none for types that are not animated.
 std::optional<XStreamKind> KindOf(XPropertyType type)
@@ -62,22 +60,17 @@ XAnimatedAttribute* XAnimatedNode::CreateAttribute(u32 attributeId)
     return m_Attributes.emplace_back(std::make_unique<XAnimatedAttribute>(*this, attributeId, *kind)).get();
 }
 
-bool XAnimatedNode::ReadChunk(XTextReader& in)
+bool XAnimatedNode::ReadChunk(XBlockReader block)
 {
-    if (!Expect("ANIM_NODE", in, kSource, 7))
-        return false;
-    in.Read(m_NodeId);
-    if (!Expect("{", in, kSource, 8) || !Expect("num_animated_attrs", in, kSource, 9))
-        return false;
     u32 count = 0;
-    in.Read(count);
-    if (!Expect("num_animated_attrs_user", in, kSource, 10))
+    if (!block.Read("ANIM_NODE", m_NodeId) || !block.Expect("{") ||
+        !block.Read("num_animated_attrs", count) ||
+        !block.Read("num_animated_attrs_user", m_NumUserAttributes))
         return false;
-    in.Read(m_NumUserAttributes);
     for (u32 i = 0; i < count; ++i)
-        if (!m_Attributes.emplace_back(std::make_unique<XAnimatedAttribute>(*this, 0))->ReadChunk(in))
+        if (!m_Attributes.emplace_back(std::make_unique<XAnimatedAttribute>(*this, 0))->ReadChunk(block))
             return false;
-    return Expect("}", in, kSource, 11);
+    return block.Expect("}");
 }
 
 bool XAnimatedNode::WriteChunk(XTextWriter& out) const

@@ -28,7 +28,7 @@ public:
 
     // The `ANIM_NODE` block. Attributes whose names the node does not know are left out,
     // with a warning.
-    bool ReadChunk(XTextReader& in);
+    bool ReadChunk(XBlockReader block);
     bool WriteChunk(XTextWriter& out) const;
     // In both directions; see `XAnimatedAttribute::DoData`.
     bool DoData(XFileIO& file);

@@ -6,7 +6,7 @@
 
 #include "VKT/base/Logger.h"
 #include "VKT/document/Model.h"
-#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -156,19 +156,20 @@ bool XAnimationTake::WriteChunk(XTextWriter& out) const
 
 bool XAnimationTake::ReadFields(XTextReader& in)
 {
-    if (!XNodeClass::ReadFields(in) || !Expect("num_animated_nodes", in, kSource, 5))
+    if (!XNodeClass::ReadFields(in))
+        return false;
+    XBlockReader block(in, kSource, TextBody().rows.size());
+    u32 count = 0;
+    u32 numEventTracks = 0;
+    if (!block.Read("num_animated_nodes", count))
         return false;
     m_NumFrames = CountFrames();
-    u32 count = 0;
-    in.Read(count);
-    if (!Expect("num_event_tracks", in, kSource, 6))
+    if (!block.Read("num_event_tracks", numEventTracks))
         return false;
-    u32 numEventTracks = 0;
-    in.Read(numEventTracks);
     RemoveAll();
     for (u32 i = 0; i < count; ++i) {
         auto entry = std::make_unique<XAnimatedNode>(*this, 0);
-        if (!entry->ReadChunk(in))
+        if (!entry->ReadChunk(block))
             return false;
         Append(std::move(entry));
     }

@@ -4,8 +4,8 @@
 
 #include "VKT/animation/AnimatedAttribute.h"
 #include "VKT/hierarchy/Bone.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/FileIO.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -108,10 +108,9 @@ bool XFCurveStream::DoData(XFileIO& file)
 // A count that fails to come is seen at the closing brace.
 bool XFCurveStream::ReadChunk(XTextReader& in)
 {
-    if (!Expect("num_fcurves", in, kSource, 1))
-        return false;
     u32 count = 0;
-    in.Read(count);
+    if (!XBlockReader(in, kSource).Read("num_fcurves", count))
+        return false;
     for (u32 i = 0; i < count; ++i)
         if (!m_Curves.emplace_back(std::make_unique<XAnimCurve>())->ReadChunk(in))
             return false;

@@ -4,8 +4,8 @@
 
 #include "VKT/document/Model.h"
 #include "VKT/geometry/Geometry.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/NodeName.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -138,11 +138,13 @@ bool XBlendShape::WriteChunk(XTextWriter& out) const
 
 bool XBlendShape::ReadFields(XTextReader& in)
 {
-    if (!XNodeClass::ReadFields(in) || !Expect("num_shapes", in, kSource, 1))
+    if (!XNodeClass::ReadFields(in))
+        return false;
+    XBlockReader block(in, kSource);
+    u32 count = 0;
+    if (!block.Read("num_shapes", count))
         return false;
     const bool isOld = in.IsBelow(4);
-    u32 count = 0;
-    in.Read(count);
     m_Targets.clear();
     for (u32 i = 0; i < count; ++i) {
         XBlendTarget& target = *m_Targets.emplace_back(std::make_unique<XBlendTarget>());
@@ -151,10 +153,9 @@ bool XBlendShape::ReadFields(XTextReader& in)
             in.Read(target.m_TargetId);
             in.Read(target.m_Weight);
         }
-        if (!Expect("points", in, kSource, 2))
-            return false;
         u32 numPoints = 0;
-        in.Read(numPoints);
+        if (!XBlockReader(block).Read("points", numPoints))
+            return false;
         in.ReadNumbers(target.m_Points, numPoints);
     }
     return true;

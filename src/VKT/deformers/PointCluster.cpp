@@ -2,7 +2,7 @@
 
 #include "VKT/document/Model.h"
 #include "VKT/hierarchy/Bone.h"
-#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -54,13 +54,10 @@ bool XPointCluster::WriteChunk(XTextWriter& out) const
 
 bool XPointCluster::ReadPoints(XTextReader& in, const char* sourceName)
 {
-    if (!Expect("joint_id", in, sourceName, 1))
-        return false;
-    in.Read(m_JointId);
-    if (!Expect("num_weights", in, sourceName, 2))
-        return false;
+    XBlockReader block(in, sourceName);
     u32 count = 0;
-    in.Read(count);
+    if (!block.Read("joint_id", m_JointId) || !block.Read("num_weights", count))
+        return false;
     m_Points.clear();
     m_Weights.clear();
     for (u32 i = 0; i < count; ++i) {

@@ -5,6 +5,7 @@
 
 namespace VKT {
 
+class XBlockReader;
 class XGeometry;
 
 // Binds the points of a geometry to bones: a list of weights for each point, whose
@@ -52,7 +53,7 @@ public:
 private:
     bool DoWeights(XFileIO& file);
     bool ReadPoint(XFileIO& file);
-    bool ReadWeights(XTextReader& in);
+    bool ReadWeights(XBlockReader& block);
     bool ReadPoint(XTextReader& in);
     static void Normalise(std::span<XBoneWeight> weights);
 

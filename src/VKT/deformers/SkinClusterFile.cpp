@@ -4,7 +4,7 @@
 
 #include "VKT/deformers/SkinCluster.h"
 #include "VKT/document/Model.h"
-#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -82,23 +82,25 @@ bool XSkinCluster::WriteChunk(XTextWriter& out) const
 
 bool XSkinCluster::ReadFields(XTextReader& in)
 {
-    if (!XNodeClass::ReadFields(in) || !Expect("num_influences", in, kSource, 1))
+    if (!XNodeClass::ReadFields(in))
         return false;
+    XBlockReader block(in, kSource);
     u32 count = 0;
-    in.Read(count);
+    if (!block.Read("num_influences", count))
+        return false;
     in.ReadNumbers(m_Influences, count);
-    return ReadWeights(in);
+    return ReadWeights(block);
 }
 
-bool XSkinCluster::ReadWeights(XTextReader& in)
+bool XSkinCluster::ReadWeights(XBlockReader& block)
 {
-    if (!Expect("num_points", in, kSource, 2))
-        return false;
+    XTextReader& in = block.In();
     u32 numPoints = 0;
-    in.Read(numPoints);
+    if (!block.Read("num_points", numPoints))
+        return false;
     if (!in.CanHold(numPoints))
         in.SetFailed();
-    if (!Expect("weights", in, kSource, 3))
+    if (!block.Expect("weights"))
         return false;
     m_Weights.Clear();
     m_Weights.Reserve(std::min(numPoints, kMostReserved));

@@ -2,7 +2,7 @@
 
 #include "VKT/base/Logger.h"
 #include "VKT/document/Model.h"
-#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -104,11 +104,11 @@ bool XWireDeformer::WriteChunk(XTextWriter& out) const
 
 bool XWireDeformer::ReadFields(XTextReader& in)
 {
-    if (!XNodeClass::ReadFields(in) || !Expect("num_wires", in, kSource, 4))
+    u32 count = 0;
+    if (!XNodeClass::ReadFields(in) ||
+        !XBlockReader(in, kSource, TextBody().rows.size()).Read("num_wires", count))
         return false;
     const bool isOld = in.IsBelow(4);
-    u32 count = 0;
-    in.Read(count);
     m_Wires.clear();
     for (u32 i = 0; i < count; ++i) {
         XWireRecord wire;

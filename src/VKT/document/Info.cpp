@@ -5,9 +5,9 @@
 
 #include "VKT/base/Logger.h"
 #include "VKT/node/Fn.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/FileHeader.h"
 #include "VKT/stream/Platform.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -70,13 +70,13 @@ bool XInfo::Read(XTextReader& in)
     m_OriginalFile.clear();
     m_Application.clear();
     XString token;
-    in.ReadToken(token);                                               // the opening brace
-    if (!Expect("user", in, kSource, 1) || !ReadQuoted(in, m_User) ||  //
-        !Expect("host", in, kSource, 2) || !ReadQuoted(in, m_Host) ||  //
-        !Expect("texture_file", in, kSource, 3) || !ReadQuoted(in, m_TextureFile) ||
-        !Expect("format_version", in, kSource, 4))
+    in.ReadToken(token);  // the opening brace
+    XBlockReader block(in, kSource);
+    if (!block.Expect("user") || !ReadQuoted(in, m_User) ||  //
+        !block.Expect("host") || !ReadQuoted(in, m_Host) ||  //
+        !block.Expect("texture_file") || !ReadQuoted(in, m_TextureFile) ||
+        !block.Read("format_version", token))
         return false;
-    in.ReadToken(token);
     const std::optional<XFileHeader> format = XFileHeader::OfWord(token);
     if (!format) {
         GetLogger()->Log(kError, "Incorrect format");
@@ -86,9 +86,9 @@ bool XInfo::Read(XTextReader& in)
         GetLogger()->Log(kError, "This version of VKT is not supported by this version of the SDK");
         return false;
     }
-    if (!Expect("send_bug_reports_to", in, kSource, 5) || !in.ReadToken(token) ||
-        !Expect("application", in, kSource, 6) || !ReadQuoted(in, m_Application) ||
-        !Expect("original_file", in, kSource, 7) || !ReadQuoted(in, m_OriginalFile))
+    if (!block.Expect("send_bug_reports_to") || !in.ReadToken(token) ||  //
+        !block.Expect("application") || !ReadQuoted(in, m_Application) || !block.Expect("original_file") ||
+        !ReadQuoted(in, m_OriginalFile))
         return false;
     in.ReadToken(token);  // "date"
     in.ReadToken(token);
@@ -98,7 +98,7 @@ bool XInfo::Read(XTextReader& in)
     std::replace(token.begin(), token.end(), '.', ' ');
     std::replace(token.begin(), token.end(), ':', ' ');
     ScanNumbers(token, ' ', &m_Date.hour, &m_Date.minute, &m_Date.second);
-    return Expect("}", in, kSource, 8);
+    return block.Expect("}");
 }
 
 bool XInfo::DoData(XFileIO& file)

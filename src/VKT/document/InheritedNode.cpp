@@ -2,8 +2,8 @@
 
 #include "VKT/document/Model.h"
 #include "VKT/node/FnRegistry.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/FileIO.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -28,19 +28,18 @@ bool XInheritedNode::Write(XTextWriter& out) const
 
 bool XInheritedNode::Read(XTextReader& in)
 {
+    XBlockReader block(in, kSource);
     XString base;
-    if (!Expect("base_type", in, kSource, 1))
+    if (!block.Read("base_type", base))
         return false;
-    in.ReadToken(base);
     m_BaseType = XFnTypeFromChunk(base);
-    if (m_BaseType == 0 || !Expect("header", in, kSource, 2))
+    if (m_BaseType == 0 || !block.Read("header", m_Header))
         return false;
-    in.ReadToken(m_Header);
     if (XFnTypeFromChunk(m_Header) != 0) {
         GetLogger()->Log(kError, "The inherited node type cannot use a reserved chunk name");
         return false;
     }
-    return Expect("}", in, kSource, 3);
+    return block.Expect("}");
 }
 
 bool XInheritedNode::DoHeader(XFileIO& file)

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/FileIO.h"
 #include "VKT/stream/NodeName.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -57,19 +57,13 @@ bool XNewNode::Write(XTextWriter& out) const
 
 bool XNewNode::Read(XTextReader& in)
 {
+    XBlockReader block(in, kSource);
     XString word;
-    if (!Expect("base_type", in, kSource, 1))
+    if (!block.Read("base_type", word))
         return false;
-    in.ReadToken(word);
     const Family* family = FindFamily([&](const Family& row) { return row.word == word; });
     m_BaseType = family ? family->family : kFamilyNone;
-    if (!Expect("type_name", in, kSource, 2))
-        return false;
-    in.ReadToken(m_TypeName);
-    if (!Expect("header", in, kSource, 3))
-        return false;
-    in.ReadToken(m_Header);
-    return Expect("}", in, kSource, 4);
+    return block.Read("type_name", m_TypeName) && block.Read("header", m_Header) && block.Expect("}");
 }
 
 bool XNewNode::DoHeader(XFileIO& file)

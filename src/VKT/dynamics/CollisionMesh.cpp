@@ -1,7 +1,7 @@
 #include "VKT/dynamics/CollisionMesh.h"
 
 #include "VKT/base/Logger.h"
-#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -40,22 +40,20 @@ bool XCollisionMesh::WriteChunk(XTextWriter& out) const
 
 bool XCollisionMesh::ReadFields(XTextReader& in)
 {
+    if (!XCollisionObject::ReadFields(in))
+        return false;
+    XBlockReader block(in, kSource);
     u32 numPoints = 0;
     u32 numIndices = 0;
-    if (!XCollisionObject::ReadFields(in) || !Expect("num_points", in, kSource, 1))
-        return false;
-    in.Read(numPoints);
-    if (!Expect("num_indices", in, kSource, 2))
-        return false;
-    in.Read(numIndices);
-    if (!Expect("points", in, kSource, 3))
+    if (!block.Read("num_points", numPoints) || !block.Read("num_indices", numIndices) ||
+        !block.Expect("points"))
         return false;
     if (!in.ReadNumbers(m_Points, numPoints)) {
         GetLogger()->Log(
             kError, "VKT::XCollisionMesh::ReadChunk >> unexpected File-IO error whilst reading vertex data");
         return false;
     }
-    if (!Expect("indices", in, kSource, 4))
+    if (!block.Expect("indices"))
         return false;
     if (!in.ReadNumbers(m_Indices, numIndices)) {
         GetLogger()->Log(kError,

@@ -5,7 +5,7 @@
 #include "VKT/base/Logger.h"
 #include "VKT/document/Model.h"
 #include "VKT/geometry/Deformer.h"
-#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -109,28 +109,22 @@ bool XGeometry::WriteChunk(XTextWriter& out) const
 
 bool XGeometry::ReadFields(XTextReader& in)
 {
+    XBlockReader block(in, kSource);
     // Particle shapes had no points and no deformers in older files.
     if (!in.IsBelow(4) || GetApiType() != kFnParticleShape) {
-        if (!Expect("points", in, kSource, 1))
-            return false;
         i32 numPoints = 0;
-        in.Read(numPoints);
+        if (!block.Read("points", numPoints))
+            return false;
         if (numPoints > 0 && !in.ReadNumbers(m_Points, static_cast<u32>(numPoints))) {
             GetLogger()->Log(kError, "UnExpected file-IO error");
             return false;
         }
-        if (!Expect("deformer_queue", in, kSource, 2))
-            return false;
         u32 numDeformers = 0;
-        in.Read(numDeformers);
+        if (!block.Read("deformer_queue", numDeformers))
+            return false;
         in.ReadNumbers(m_DeformerQueue, numDeformers);  // too few are seen at the next key
     }
-    if (!in.IsBelow(4)) {
-        if (!Expect("intermediate_object", in, kSource, 3))
-            return false;
-        in.Read(m_IntermediateObject);
-    }
-    return true;
+    return in.IsBelow(4) || block.Read("intermediate_object", m_IntermediateObject);
 }
 
 XPropertyTable XGeometry::Properties()

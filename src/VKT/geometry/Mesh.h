@@ -4,6 +4,7 @@
 
 namespace VKT {
 
+class XBlockReader;
 class XMeshVertexColours;
 
 struct XTexCoord {
@@ -85,8 +86,8 @@ private:
     void WarnOfCutCounts() const;
     bool DoTexCoords(XFileIO& file);
     bool DoFaces(XFileIO& file);
-    bool ReadTexCoords(XTextReader& in, u32 numSets);
-    bool ReadFaces(XTextReader& in, u32 numFaces, u32 numSets);
+    bool ReadTexCoords(XBlockReader block);
+    bool ReadFace(XBlockReader block);
 
     XVector<XFace> m_Faces;
     XVector<XTexCoords> m_TexCoords;

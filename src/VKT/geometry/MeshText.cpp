@@ -2,8 +2,8 @@
 
 #include "VKT/base/Logger.h"
 #include "VKT/geometry/Mesh.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/NodeName.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 // The text form of an older mesh.
@@ -84,65 +84,65 @@ bool XMesh::WriteChunk(XTextWriter& out) const
 
 bool XMesh::ReadFields(XTextReader& in)
 {
+    if (!XGeometry::ReadFields(in))
+        return false;
+    XBlockReader block(in, kSource);
     u32 numNormals = 0;
     u32 numSets = 0;
     u32 numFaces = 0;
-    if (!XGeometry::ReadFields(in) || !Expect("normal_count", in, kSource, 1))
+    if (!block.Read("normal_count", numNormals) || !block.Read("num_uv_sets", numSets) ||
+        !block.Read("face_count", numFaces))
         return false;
-    in.Read(numNormals);
-    if (!Expect("num_uv_sets", in, kSource, 2))
-        return false;
-    in.Read(numSets);
-    if (!Expect("face_count", in, kSource, 3))
-        return false;
-    in.Read(numFaces);
     m_Normals.clear();
     if (numNormals != 0) {
-        if (!Expect("normals", in, kSource, 4))
+        if (!block.Expect("normals"))
             return false;
         in.ReadNumbers(m_Normals, numNormals);
     }
-    return ReadTexCoords(in, numSets) && ReadFaces(in, numFaces, numSets);
+    SetNumUvSets(0);
+    for (u32 set = 0; set < numSets; ++set)
+        if (!ReadTexCoords(block))
+            return false;
+    m_Faces.clear();
+    for (u32 face = 0; face < numFaces; ++face)
+        if (!ReadFace(block))
+            return false;
+    return true;
 }
 
-bool XMesh::ReadTexCoords(XTextReader& in, u32 numSets)
+bool XMesh::ReadTexCoords(XBlockReader block)
 {
-    SetNumUvSets(0);
-    for (u32 set = 0; set < numSets; ++set) {
-        if (!Expect("tex_coords", in, kSource, 5))
-            return false;
-        XString& name = m_UvSetNames.emplace_back();
-        in.ReadToken(name);
-        std::erase(name, '"');
-        XTexCoords& table = m_TexCoords.emplace_back();
-        u32 count = 0;
-        in.Read(count);
-        for (u32 i = 0; i < count && in.IsGood(); ++i) {
-            XTexCoord& uv = table.emplace_back();
-            in.Read(uv.u);
-            in.Read(uv.v);
-        }
+    if (!block.Expect("tex_coords"))
+        return false;
+    XTextReader& in = block.In();
+    XString& name = m_UvSetNames.emplace_back();
+    in.ReadToken(name);
+    std::erase(name, '"');
+    XTexCoords& table = m_TexCoords.emplace_back();
+    u32 count = 0;
+    in.Read(count);
+    for (u32 i = 0; i < count && in.IsGood(); ++i) {
+        XTexCoord& uv = table.emplace_back();
+        in.Read(uv.u);
+        in.Read(uv.v);
     }
     return true;
 }
 
-bool XMesh::ReadFaces(XTextReader& in, u32 numFaces, u32 numSets)
+bool XMesh::ReadFace(XBlockReader block)
 {
-    m_Faces.clear();
-    for (u32 i = 0; i < numFaces; ++i) {
-        if (!Expect("face", in, kSource, 6))
-            return false;
-        i32 claimed = 0;
-        in.Read(claimed);
-        // Kept on purpose: three corners are read where fewer are claimed.
-        const u32 count = std::max(claimed, static_cast<i32>(kLeastCorners));
-        auto& corners = m_Faces.emplace_back().GetVertices();
-        for (u32 corner = 0; corner < count && in.IsGood(); ++corner) {
-            XFaceVertex& vertex = corners.emplace_back();
-            in.Read(vertex.m_Point);
-            in.Read(vertex.m_Normal);
-            in.ReadNumbers(vertex.m_UvIndices, numSets);
-        }
+    i32 claimed = 0;
+    if (!block.Read("face", claimed))
+        return false;
+    XTextReader& in = block.In();
+    // Kept on purpose: three corners are read where fewer are claimed.
+    const u32 count = std::max(claimed, static_cast<i32>(kLeastCorners));
+    auto& corners = m_Faces.emplace_back().GetVertices();
+    for (u32 corner = 0; corner < count && in.IsGood(); ++corner) {
+        XFaceVertex& vertex = corners.emplace_back();
+        in.Read(vertex.m_Point);
+        in.Read(vertex.m_Normal);
+        in.ReadNumbers(vertex.m_UvIndices, GetNumUvSets());
     }
     return true;
 }

@@ -4,8 +4,8 @@
 
 #include "VKT/document/Model.h"
 #include "VKT/geometry/Mesh.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/NodeName.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -105,24 +105,22 @@ bool XMeshVertexColours::WriteChunk(XTextWriter& out) const
 
 bool XMeshVertexColours::ReadFields(XTextReader& in)
 {
-    if (!Expect("mesh_id", in, kSource, 1))
-        return false;
-    in.Read(m_MeshId);
-    if (!Expect("num_colour_sets", in, kSource, 2))
-        return false;
+    XBlockReader block(in, kSource);
     u32 count = 0;
-    in.Read(count);
+    if (!block.Read("mesh_id", m_MeshId) || !block.Read("num_colour_sets", count))
+        return false;
     m_ColourSets.clear();
     for (u32 i = 0; i < count; ++i)
-        if (!ReadColourSet(in))
+        if (!ReadColourSet(block))
             return false;
     return true;
 }
 
-bool XMeshVertexColours::ReadColourSet(XTextReader& in)
+bool XMeshVertexColours::ReadColourSet(XBlockReader block)
 {
-    if (!Expect("colour_set", in, kSource, 3))
+    if (!block.Expect("colour_set"))
         return false;
+    XTextReader& in = block.In();
     XColourSet& set = AddColourSet("");
     in.ReadToken(set.m_Name);
     RemoveQuotes(set.m_Name);
@@ -130,9 +128,8 @@ bool XMeshVertexColours::ReadColourSet(XTextReader& in)
     in.Read(count);
     for (u32 i = 0; i < count && in.IsGood(); ++i)
         in.ReadArray(&set.m_Colours.emplace_back().r, 4);
-    if (!Expect("faces", in, kSource, 4))
+    if (!block.Read("faces", count))
         return false;
-    in.Read(count);
     for (u32 i = 0; i < count && in.IsGood(); ++i) {
         XIntList& indices = set.m_FaceIndices.emplace_back();
         u32 corners = 0;

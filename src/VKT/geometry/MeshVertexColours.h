@@ -6,6 +6,7 @@
 
 namespace VKT {
 
+class XBlockReader;
 class XMesh;
 
 // A named table of colours, and for each face of the mesh an index per corner.
@@ -41,7 +42,7 @@ public:
     void PostLoad() override;
 
 private:
-    bool ReadColourSet(XTextReader& in);
+    bool ReadColourSet(XBlockReader block);
 
     u32 m_MeshId = 0;
     XVector<std::unique_ptr<XColourSet>> m_ColourSets;

@@ -1,6 +1,6 @@
 #include "VKT/geometry/ParametricSurface.h"
 
-#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -52,10 +52,9 @@ bool XParametricSurface::WriteChunk(XTextWriter& out) const
 
 bool XParametricSurface::ReadFields(XTextReader& in)
 {
-    if (!XParametricBase::ReadFields(in) || !Expect("is_trimmed", in, kSource, 1))
-        return false;
     i32 isTrimmed = 0;
-    in.Read(isTrimmed);
+    if (!XParametricBase::ReadFields(in) || !XBlockReader(in, kSource).Read("is_trimmed", isTrimmed))
+        return false;
     m_TrimData = isTrimmed != 0 ? std::make_unique<XTrimData>() : nullptr;
     return !m_TrimData || m_TrimData->Read(in);
 }

@@ -6,6 +6,7 @@
 
 namespace VKT {
 
+class XBlockReader;
 class XPolygonMesh;
 
 // A named list with one integer per polygon corner, in polygon order.
@@ -122,9 +123,9 @@ public:
     bool ReadFields(XTextReader& in) override;
 
 private:
-    bool ReadPolyCounts(XTextReader& in);
-    bool ReadIndexSet(XTextReader& in, const XString& pointSet);
-    bool ReadVertexSet(XTextReader& in);
+    bool ReadPolyCounts(XBlockReader& block);
+    bool ReadIndexSet(XBlockReader block, const XString& pointSet);
+    bool ReadVertexSet(XBlockReader block);
     bool DoIndexSets(XFileIO& file);
     bool DoVertexSets(XFileIO& file);
 

@@ -6,7 +6,7 @@
 
 #include "VKT/base/Logger.h"
 #include "VKT/geometry/PolygonMesh.h"
-#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 // The text form of a polygon mesh.
@@ -119,39 +119,33 @@ bool XPolygonMesh::WriteChunk(XTextWriter& out) const
 
 bool XPolygonMesh::ReadFields(XTextReader& in)
 {
+    if (!XGeometry::ReadFields(in))
+        return false;
+    XBlockReader block(in, kSource);
     XString pointSet;
-    if (!XGeometry::ReadFields(in) || !Expect("point_index_set", in, kSource, 1) ||
-        !ReadQuotedUnchecked(in, pointSet) || !ReadPolyCounts(in))
-        return false;
-
-    if (!Expect("num_index_sets", in, kSource, 5))
-        return false;
     u32 count = 0;
-    in.Read(count);
-    for (u32 i = 0; i < count; ++i)
-        if (!ReadIndexSet(in, pointSet))
-            return false;
-
-    if (!Expect("num_vertex_sets", in, kSource, 7))
+    if (!block.Expect("point_index_set") || !ReadQuotedUnchecked(in, pointSet) || !ReadPolyCounts(block) ||
+        !block.Read("num_index_sets", count))
         return false;
-    in.Read(count);
     for (u32 i = 0; i < count; ++i)
-        if (!ReadVertexSet(in))
+        if (!ReadIndexSet(block, pointSet))
+            return false;
+    if (!block.Read("num_vertex_sets", count))
+        return false;
+    for (u32 i = 0; i < count; ++i)
+        if (!ReadVertexSet(block))
             return false;
     return true;
 }
 
-bool XPolygonMesh::ReadPolyCounts(XTextReader& in)
+bool XPolygonMesh::ReadPolyCounts(XBlockReader& block)
 {
-    if (!Expect("POLY_COUNTS", in, kSource, 2))
-        return false;
     u32 count = 0;
-    in.Read(count);
-    if (!Expect("{", in, kSource, 3))
+    if (!block.Read("POLY_COUNTS", count) || !block.Expect("{"))
         return false;
     m_NumPolyIndices = 0;
     // A count that does not come counts as 0.
-    if (!in.ReadNumbers(m_PolyCounts, count) ||
+    if (!block.In().ReadNumbers(m_PolyCounts, count) ||
         std::any_of(m_PolyCounts.begin(), m_PolyCounts.end(), [](u32 sides) { return sides < 3; })) {
         GetLogger()->Log(kError, "Poly count data contains a poly with less than 3 sides!");
         return false;
@@ -162,43 +156,37 @@ bool XPolygonMesh::ReadPolyCounts(XTextReader& in)
         return false;
     }
     m_NumPolyIndices = static_cast<u32>(corners);
-    return Expect("}", in, kSource, 4);
+    return block.Expect("}");
 }
 
-bool XPolygonMesh::ReadIndexSet(XTextReader& in, const XString& pointSet)
+bool XPolygonMesh::ReadIndexSet(XBlockReader block, const XString& pointSet)
 {
-    if (!Expect("INDEX_SET", in, kSource, 6))
-        return false;
+    XTextReader& in = block.In();
     auto set = std::make_unique<XIndexSet>(this, "");
-    if (!ReadQuotedUnchecked(in, set->m_Name) || !Expect("{", in, kSource, 3))
+    if (!block.Expect("INDEX_SET") || !ReadQuotedUnchecked(in, set->m_Name) || !block.Expect("{"))
         return false;
     if (set->m_Name == pointSet)
         m_PointIndexSet = set.get();
     in.ReadNumbers(set->m_Indices, m_NumPolyIndices);
     m_IndexSets.push_back(std::move(set));
-    return Expect("}", in, kSource, 4);
+    return block.Expect("}");
 }
 
-bool XPolygonMesh::ReadVertexSet(XTextReader& in)
+bool XPolygonMesh::ReadVertexSet(XBlockReader block)
 {
+    XTextReader& in = block.In();
     XVertexSet& set = *m_VertexSets.emplace_back(std::make_unique<XVertexSet>(this, ""));
     XString word;
-    if (!Expect("VERTEX_SET", in, kSource, 8) || !ReadQuotedUnchecked(in, set.m_Name) ||
-        !Expect("{", in, kSource, 3) || !Expect("num_elements", in, kSource, 9))
+    if (!block.Expect("VERTEX_SET") || !ReadQuotedUnchecked(in, set.m_Name) || !block.Expect("{") ||
+        !block.Read("num_elements", set.m_NumElements) || !block.Read("element_size", set.m_ElementSize) ||
+        !block.Read("usage", word))
         return false;
-    in.Read(set.m_NumElements);
-    if (!Expect("element_size", in, kSource, 10))
-        return false;
-    in.Read(set.m_ElementSize);
-    if (!Expect("usage", in, kSource, 11))
-        return false;
-    in.ReadToken(word);
     ReadUsage(word, set.m_Usage);
-    if (!Expect("index_set", in, kSource, 12) || !ReadQuotedUnchecked(in, set.m_IndexSetName) ||
-        !Expect("elements", in, kSource, 13))
+    if (!block.Expect("index_set") || !ReadQuotedUnchecked(in, set.m_IndexSetName) ||
+        !block.Expect("elements"))
         return false;
     in.ReadNumbers(set.m_Elements, u64{set.m_NumElements} * set.m_ElementSize);
-    return Expect("}", in, kSource, 4);
+    return block.Expect("}");
 }
 
 }  // namespace VKT

@@ -4,8 +4,8 @@
 #include <iterator>
 
 #include "VKT/base/Logger.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/FileIO.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -78,73 +78,57 @@ void WriteBoundary(const XTrimBoundary& boundary, XTextWriter& out)
     out << "\t\t}\n";
 }
 
-bool ReadCount(const char* key, int line, XTextReader& in, u32& count)
+bool ReadKnots(XBlockReader& block, i32& degree, XRealList& knots)
 {
-    if (!Expect(key, in, kSource, line))
+    u32 count = 0;
+    if (!block.Read("degree", degree) || !block.Read("knots", count))
         return false;
-    in.Read(count);
+    block.In().ReadNumbers(knots, count);
     return true;
 }
 
-bool ReadKnots(XTextReader& in, i32& degree, XRealList& knots)
+bool ReadCurve(XBlockReader block, XTrimCurve& curve)
 {
-    if (!Expect("degree", in, kSource, 10))
-        return false;
-    in.Read(degree);
+    XTextReader& in = block.In();
     u32 count = 0;
-    if (!ReadCount("knots", 11, in, count))
-        return false;
-    in.ReadNumbers(knots, count);
-    return true;
-}
-
-bool ReadCurve(XTextReader& in, XTrimCurve& curve)
-{
-    u32 count = 0;
-    if (!Expect("TRIM_CURVE", in, kSource, 8) || !Expect("{", in, kSource, 2) ||
-        !Expect("2d_parametric_curve", in, kSource, 9) || !ReadKnots(in, curve.m_Degree2D, curve.m_Knots2D) ||
-        !ReadCount("cvs", 12, in, count))
+    if (!block.Expect("TRIM_CURVE") || !block.Expect("{") || !block.Expect("2d_parametric_curve") ||
+        !ReadKnots(block, curve.m_Degree2D, curve.m_Knots2D) || !block.Read("cvs", count))
         return false;
     for (u32 i = 0; i < count && in.IsGood(); ++i) {
         in.Read(curve.m_CvsU.emplace_back());
         in.Read(curve.m_CvsV.emplace_back());
     }
-    if (!Expect("3d_local_curve", in, kSource, 13) || !ReadKnots(in, curve.m_Degree3D, curve.m_Knots3D) ||
-        !ReadCount("cvs", 12, in, count))
+    if (!block.Expect("3d_local_curve") || !ReadKnots(block, curve.m_Degree3D, curve.m_Knots3D) ||
+        !block.Read("cvs", count))
         return false;
     in.ReadNumbers(curve.m_Cvs3D, count);
-    return Expect("}", in, kSource, 14);
+    return block.Expect("}");
 }
 
-bool ReadBoundary(XTextReader& in, XTrimBoundary& boundary)
+bool ReadBoundary(XBlockReader block, XTrimBoundary& boundary)
 {
-    if (!Expect("BOUNDARY", in, kSource, 5) || !Expect("{", in, kSource, 2) ||
-        !Expect("type", in, kSource, 6))
-        return false;
     XString word;
-    in.ReadToken(word);
-    const auto found = std::find(std::begin(kTypeWords), std::end(kTypeWords), word);
-    if (found != std::end(kTypeWords))
-        boundary.m_Type = static_cast<u32>(found - std::begin(kTypeWords));
+    if (!block.Expect("BOUNDARY") || !block.Expect("{") || !block.Read("type", word))
+        return false;
+    FindWord(word, kTypeWords, boundary.m_Type);
     u32 count = 0;
-    if (!ReadCount("num_curves", 7, in, count))
+    if (!block.Read("num_curves", count))
         return false;
     for (u32 i = 0; i < count; ++i)
-        if (!ReadCurve(in, boundary.m_Curves.emplace_back()))
+        if (!ReadCurve(block, boundary.m_Curves.emplace_back()))
             return false;
-    return Expect("}", in, kSource, 14);
+    return block.Expect("}");
 }
 
-bool ReadRegion(XTextReader& in, XTrimRegion& region)
+bool ReadRegion(XBlockReader block, XTrimRegion& region)
 {
     u32 count = 0;
-    if (!Expect("REGION", in, kSource, 3) || !Expect("{", in, kSource, 2) ||
-        !ReadCount("num_boundaries", 4, in, count))
+    if (!block.Expect("REGION") || !block.Expect("{") || !block.Read("num_boundaries", count))
         return false;
     for (u32 i = 0; i < count; ++i)
-        if (!ReadBoundary(in, region.m_Boundaries.emplace_back()))
+        if (!ReadBoundary(block, region.m_Boundaries.emplace_back()))
             return false;
-    return Expect("}", in, kSource, 14);
+    return block.Expect("}");
 }
 
 }  // namespace
@@ -169,11 +153,12 @@ void XTrimData::Write(XTextWriter& out) const
 bool XTrimData::Read(XTextReader& in)
 {
     m_Regions.clear();
+    XBlockReader block(in, kSource);
     u32 count = 0;
-    if (!ReadCount("num_regions", 1, in, count))
+    if (!block.Read("num_regions", count))
         return false;
     for (u32 i = 0; i < count; ++i)
-        if (!ReadRegion(in, m_Regions.emplace_back()))
+        if (!ReadRegion(block, m_Regions.emplace_back()))
             return false;
     return in.IsGood();
 }

@@ -5,7 +5,7 @@
 #include "VKT/base/Logger.h"
 #include "VKT/document/Model.h"
 #include "VKT/hierarchy/Bone.h"
-#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 // What a bone stores, in both forms.
@@ -189,8 +189,8 @@ void XBone::WriteInstances(XTextWriter& out) const
 
 bool XBone::ReadInstances(XTextReader& in)
 {
-    constexpr int kInstanceRow = 28;  // of the table
-    if (!Expect("instance_list", in, kSource, kInstanceRow) || !Expect("{", in, kSource, kInstanceRow))
+    XBlockReader block(in, kSource, TextBody().rows.size() - 1);  // the last row of the table
+    if (!block.Expect("instance_list") || !block.Expect("{"))
         return false;
     XString token;
     for (u64 depth = 1; depth > 0;) {

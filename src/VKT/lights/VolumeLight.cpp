@@ -1,6 +1,6 @@
 #include "VKT/lights/VolumeLight.h"
 
-#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -46,9 +46,10 @@ bool XVolumeLight::WriteChunk(XTextWriter& out) const
 
 bool XVolumeLight::ReadFields(XTextReader& in)
 {
-    return XNodeClass::ReadFields(in) &&                                     //
-           Expect("color_ramp", in, kSource, 3) && m_ColourRamp.Read(in) &&  //
-           Expect("penumbra_ramp", in, kSource, 4) && m_PenumbraRamp.Read(in);
+    XBlockReader block(in, kSource, TextBody().rows.size());
+    return XNodeClass::ReadFields(in) &&                           //
+           block.Expect("color_ramp") && m_ColourRamp.Read(in) &&  //
+           block.Expect("penumbra_ramp") && m_PenumbraRamp.Read(in);
 }
 
 XBodyTable XVolumeLight::TextBody()

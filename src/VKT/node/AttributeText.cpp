@@ -5,8 +5,8 @@
 
 #include "VKT/document/Model.h"
 #include "VKT/node/Attribute.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/NodeName.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 // The text form of extra attributes. Its odd blanks and breaks are part of the format.
@@ -228,14 +228,15 @@ struct Reader {
     template <class T>
     bool operator()(XVector<T>& list) const
     {
+        XBlockReader block(in, kSource);
         u32 count = 0;
         in.Read(count);
-        if (!Expect("{", in, kSource, 1))
+        if (!block.Expect("{"))
             return false;
         // Each element takes a number or a line at least, so a list grows with its input.
         for (u32 i = 0; i < count && in.IsGood(); ++i)
             ReadOne(list.emplace_back());
-        return Expect("}", in, kSource, 2);
+        return block.Expect("}");
     }
 
 private:

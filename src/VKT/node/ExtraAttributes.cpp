@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/FileIO.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -74,7 +74,7 @@ void XExtraAttributes::Write(XTextWriter& out, const XModel& model) const
 
 void XExtraAttributes::ReadAttributes(XTextReader& in)
 {
-    if (!Expect("{", in, kSource, 1))
+    if (!XBlockReader(in, kSource).Expect("{"))
         return;
     XString name;
     while (in.ReadToken(name) && !in.IsAtEnd() && !name.starts_with('}'))
@@ -84,7 +84,7 @@ void XExtraAttributes::ReadAttributes(XTextReader& in)
 
 void XExtraAttributes::ReadConnections(XTextReader& in)
 {
-    if (!Expect("{", in, kSource, 3))
+    if (!XBlockReader(in, kSource).Expect("{"))
         return;
     XString token;
     while (in.ReadToken(token) && token == "ATTR")
@@ -95,32 +95,31 @@ void XExtraAttributes::ReadConnections(XTextReader& in)
 // One `ATTR` entry. That of an attribute which the node does not have is dropped.
 bool XExtraAttributes::ReadConnection(XTextReader& in)
 {
+    XBlockReader block(in, kSource, 1);  // behind the brace of the list
     XString name;
     XString other;
     u32 element = 0;
+    u32 node = 0;
+    u32 count = 0;
     in.ReadToken(name);
     in.Read(element);
     XAttribute* const attribute = Find(name);
-    if (!Expect("{", in, kSource, 4) || !Expect("input", in, kSource, 5))
+    if (!block.Expect("{") || !block.Read("input", node))
         return false;
-    u32 node = 0;
-    in.Read(node);
     if (node != 0) {
         in.ReadToken(other);
         if (attribute)
             attribute->SetInput(element, node, other);
     }
-    if (!Expect("output", in, kSource, 6))
+    if (!block.Read("output", count))
         return false;
-    u32 count = 0;
-    in.Read(count);
     for (u32 i = 0; i < count && in.IsGood(); ++i) {
         in.Read(node);
         in.ReadToken(other);
         if (attribute && in.IsGood())
             attribute->AddOutput(element, node, other);
     }
-    return Expect("}", in, kSource, 7);
+    return block.Expect("}");
 }
 
 bool XExtraAttributes::DoData(XFileIO& file)

@@ -2,8 +2,8 @@
 
 #include "VKT/base/Logger.h"
 #include "VKT/document/Model.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/NodeName.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -134,13 +134,12 @@ bool XConstraint::WriteChunk(XTextWriter& out) const
 
 bool XConstraint::ReadFields(XTextReader& in)
 {
-    if (!XBone::ReadFields(in) || !Expect("affected", in, kSource, 1))
+    if (!XBone::ReadFields(in))
         return false;
-    in.Read(m_Affected);
-    if (!Expect("num_targets", in, kSource, 2))
-        return false;
+    XBlockReader block(in, kSource);
     u32 count = 0;
-    in.Read(count);
+    if (!block.Read("affected", m_Affected) || !block.Read("num_targets", count))
+        return false;
     m_Targets.clear();
     m_TargetNames.clear();
     m_Weights.clear();

@@ -1,6 +1,6 @@
 #include "VKT/rigging/ObjectSet.h"
 
-#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -27,9 +27,9 @@ bool XObjectSet::WriteChunk(XTextWriter& out) const
 
 bool XObjectSet::ReadFields(XTextReader& in)
 {
-    if (!XNodeCollection::ReadFields(in) || !Expect("annotation", in, ".\\src\\VKT\\ObjectSet", 1))
+    if (!XNodeCollection::ReadFields(in) ||
+        !XBlockReader(in, ".\\src\\VKT\\ObjectSet").Read("annotation", m_Annotation))
         return false;
-    in.ReadToken(m_Annotation);
     if (m_Annotation.starts_with('"'))
         m_Annotation.erase(0, 1);
     if (m_Annotation.ends_with('"'))

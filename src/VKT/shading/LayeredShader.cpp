@@ -1,6 +1,7 @@
 #include "VKT/shading/LayeredShader.h"
 
 #include "VKT/base/Logger.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -164,19 +165,20 @@ bool XLayeredShader::ReadFields(XTextReader& in)
     if (!XNodeClass::ReadFields(in))
         return false;
     Resize(0);
-    return in.IsBelow(4) ? ReadOldLayers(in) : ReadLayers(in);
+    XBlockReader block(in, kSource, TextBody().rows.size());
+    return in.IsBelow(4) ? ReadOldLayers(block) : ReadLayers(block);
 }
 
-bool XLayeredShader::ReadLayers(XTextReader& in)
+bool XLayeredShader::ReadLayers(XBlockReader block)
 {
-    if (!Expect("inputs", in, kSource, 2))
-        return false;
     u32 count = 0;
-    in.Read(count);
+    if (!block.Read("inputs", count))
+        return false;
     for (u32 layer = 0; layer < count; ++layer) {
         AddLayer();
+        XBlockReader inputs = block;
         for (std::size_t i = GetNumOwnedInputs() - kNumChannels; i < GetNumOwnedInputs(); ++i)
-            if (!GetOwnedInput(i).Read(in, kSource, 3))
+            if (!GetOwnedInput(i).Read(inputs.In(), kSource, inputs.NextRow()))
                 return false;
     }
     return true;
@@ -184,25 +186,24 @@ bool XLayeredShader::ReadLayers(XTextReader& in)
 
 // Below version 4 a layer had no colours: three lists of ids. A count is compared as soon as
 // it is there, so that its message comes before any of what the list lacks.
-bool XLayeredShader::ReadOldLayers(XTextReader& in)
+bool XLayeredShader::ReadOldLayers(XBlockReader block)
 {
     XIndexList ids[kNumChannels];
     u32 length = 0;
     for (const Channel channel : {kColour, kTransparency, kGlow}) {
-        if (!Expect(kOldKeys[channel], in, kSource, 4))
-            return false;
         u32 count = 0;
-        in.Read(count);
+        if (!block.Read(kOldKeys[channel], count))
+            return false;
         if (channel == kColour)
             length = count;
         else if (!IsLengthOfAll(count, length))
             return false;
-        in.ReadNumbers(ids[channel], count);
+        block.In().ReadNumbers(ids[channel], count);
     }
-    if (!Expect("compositing_flag", in, kSource, 5))
+    if (!block.Expect("compositing_flag"))
         return false;
     TakeOldLayers(ids);
-    in.Read(m_CompositingFlag);
+    block.In().Read(m_CompositingFlag);
     return true;
 }
 

@@ -4,6 +4,8 @@
 
 namespace VKT {
 
+class XBlockReader;
+
 // A stack of layers, each with three inputs: other shading nodes or plain colours.
 class XLayeredShader : public XNodeClass<XLayeredShader, XSurfaceShader, kFnLayeredShader> {
 public:
@@ -52,8 +54,8 @@ public:
 private:
     bool HasLayer(u32 layerIndex) const;
     void Resize(u32 count);
-    bool ReadLayers(XTextReader& in);
-    bool ReadOldLayers(XTextReader& in);
+    bool ReadLayers(XBlockReader block);
+    bool ReadOldLayers(XBlockReader block);
     bool DoOldLayers(XFileIO& file);
     void TakeOldLayers(const XIndexList (&ids)[kNumChannels]);
 

@@ -1,5 +1,6 @@
 #include "VKT/shading/LayeredTexture.h"
 
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -86,24 +87,23 @@ bool XLayeredTexture::ReadFields(XTextReader& in)
     if (!XNodeClass::ReadFields(in))
         return false;
     Clear();
-    if (!Expect("inputs", in, kSource, 1))
-        return false;
+    XBlockReader block(in, kSource);
     u32 count = 0;
-    in.Read(count);
+    if (!block.Read("inputs", count))
+        return false;
     for (u32 layer = 0; layer < count; ++layer)
-        if (!ReadLayer(in))
+        if (!ReadLayer(block))
             return false;
     return true;
 }
 
 // A word that is no mode means none.
-bool XLayeredTexture::ReadLayer(XTextReader& in)
+bool XLayeredTexture::ReadLayer(XBlockReader block)
 {
     XShaderInput input("texture");
-    if (!input.Read(in, kSource, 2) || !Expect("mode", in, kSource, 3))
-        return false;
     XString word;
-    in.ReadToken(word);
+    if (!input.Read(block.In(), kSource, block.NextRow()) || !block.Read("mode", word))
+        return false;
     u32 mode = kNone;
     FindWord(word, kModes, mode);
     AddLayer(mode) = input;

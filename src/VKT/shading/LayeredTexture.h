@@ -4,6 +4,8 @@
 
 namespace VKT {
 
+class XBlockReader;
+
 // A stack of textures, each of which is blended with those below it.
 class XLayeredTexture : public XNodeClass<XLayeredTexture, XTexture, kFnLayeredTexture> {
 public:
@@ -42,7 +44,7 @@ public:
 
 private:
     void Clear();
-    bool ReadLayer(XTextReader& in);
+    bool ReadLayer(XBlockReader block);
 
     XU32Array m_Modes;  // one per owned input
 };

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "VKT/base/Logger.h"
-#include "VKT/stream/TextSyntax.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -55,20 +55,19 @@ void XRamp::Write(XTextWriter& out) const
 bool XRamp::Read(XTextReader& in)
 {
     m_Keys.clear();
-    if (!Expect("{", in, kSource, 1) || !Expect("type", in, kSource, 2))
-        return false;
+    XBlockReader block(in, kSource);
     XString word;
-    in.ReadToken(word);
-    m_Kind = word.starts_with("cur") ? kFloats : kColours;
-    if (!Expect("count", in, kSource, 3))
+    if (!block.Expect("{") || !block.Read("type", word))
         return false;
+    m_Kind = word.starts_with("cur") ? kFloats : kColours;
     u32 count = 0;
-    in.Read(count);
+    if (!block.Read("count", count))
+        return false;
     const bool complete = ReadKeys(in, count);
     // The same as adding them one by one, and not the square of their number.
     std::stable_sort(m_Keys.begin(), m_Keys.end(),
                      [](const XRampKey& a, const XRampKey& b) { return a.position < b.position; });
-    return complete && Expect("}", in, kSource, 4);
+    return complete && block.Expect("}");
 }
 
 bool XRamp::ReadKeys(XTextReader& in, u32 count)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -108,35 +109,35 @@ bool XRampShader::ReadFields(XTextReader& in)
     if (!XNodeClass::ReadFields(in))
         return false;
     Clear();
+    XBlockReader block(in, kSource);
     for (u32 ramp = 0; ramp < kNumRamps && !in.IsBelow(4); ++ramp)
-        if (!ReadRamp(ramp, in))
+        if (!ReadRamp(ramp, block))
             return false;
     return true;
 }
 
-bool XRampShader::ReadRamp(u32 ramp, XTextReader& in)
+bool XRampShader::ReadRamp(u32 ramp, XBlockReader& block)
 {
-    if (!Expect(kRampNames[ramp], in, kSource, 1))
-        return false;
     u32 count = 0;
-    in.Read(count);
-    for (u32 i = 0; i < count; ++i) {
-        Key& key = AddKey(ramp);
-        if (key.input ? !key.input->Read(in, kSource, 2) : !Expect("value", in, kSource, 2))
+    if (!block.Read(kRampNames[ramp], count))
+        return false;
+    for (u32 i = 0; i < count; ++i)
+        if (!ReadKey(ramp, block))
             return false;
-        if (!key.input)
-            in.Read(key.value);
-        if (!Expect("position", in, kSource, 3))
-            return false;
-        in.Read(key.position);
-        if (!Expect("interp_type", in, kSource, 4))
-            return false;
-        XString word;
-        in.ReadToken(word);
-        // Kept on purpose: "kSpline" is not asked for, every other word means it.
-        key.interpolation = kSpline;
-        FindWord(word, XWordList(kWords).first(kSpline), key.interpolation);
-    }
+    return true;
+}
+
+bool XRampShader::ReadKey(u32 ramp, XBlockReader block)
+{
+    Key& key = AddKey(ramp);
+    XString word;
+    if (!(key.input ? key.input->Read(block.In(), kSource, block.NextRow())
+                    : block.Read("value", key.value)) ||
+        !block.Read("position", key.position) || !block.Read("interp_type", word))
+        return false;
+    // Kept on purpose: "kSpline" is not asked for, every other word means it.
+    key.interpolation = kSpline;
+    FindWord(word, XWordList(kWords).first(kSpline), key.interpolation);
     return true;
 }
 

@@ -4,6 +4,8 @@
 
 namespace VKT {
 
+class XBlockReader;
+
 // A shader of seven ramps. The library stores them and never evaluates them.
 class XRampShader : public XNodeClass<XRampShader, XSurfaceShader, kFnRampShader> {
 public:
@@ -47,7 +49,8 @@ private:
     void Clear();
     Key& AddKey(u32 ramp);
     void WriteRamp(u32 ramp, XTextWriter& out) const;
-    bool ReadRamp(u32 ramp, XTextReader& in);
+    bool ReadRamp(u32 ramp, XBlockReader& block);
+    bool ReadKey(u32 ramp, XBlockReader block);
     bool DoRamp(u32 ramp, XFileIO& file);
 
     XVector<Key> m_Ramps[kNumRamps];

@@ -17,13 +17,16 @@ bool ExpectKey(std::string_view key, XTextReader& in, XString& token)
                       [](char a, char b) { return a == NumberText::ToLower(b); });
 }
 
-bool Expect(std::string_view key, XTextReader& in, const char* source, int line)
+bool Expect(std::string_view key, XTextReader& in, const char* source, int row)
 {
     XString token;
-    if (ExpectKey(key, in, token))
-        return true;
+    return ExpectKey(key, in, token) || LogWrongKey(key, token, source, row);
+}
+
+bool LogWrongKey(std::string_view key, const XString& token, const char* source, int row)
+{
     GetLogger()->LogFormat(kError, "Expected %s got %s [%s:%d]", XString(key).c_str(), token.c_str(), source,
-                           line);
+                           row);
     return false;
 }
 

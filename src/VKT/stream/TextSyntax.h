@@ -16,7 +16,9 @@ bool ExpectKey(std::string_view key, XTextReader& in, XString& token);
 // The same, and a token that is not the key is logged as an error with the name of the
 // source and the number of the row that wanted it:
 // "Expected near got distance [.\src\VKT\Camera:2]".
-bool Expect(std::string_view key, XTextReader& in, const char* source, int line);
+bool Expect(std::string_view key, XTextReader& in, const char* source, int row);
+// Logs that message, and answers false.
+bool LogWrongKey(std::string_view key, const XString& token, const char* source, int row);
 
 // The words of an enumeration, each at the place of its number.
 using XWordList = std::span<const char* const>;

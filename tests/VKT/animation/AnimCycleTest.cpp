@@ -193,7 +193,7 @@ TEST_F(AnimCycle, EachWrongKeyIsLogged)
     }
     m_Log.Clear();
     EXPECT_FALSE(ReadText(New(), Replaced(kBody, "0.6 0.7", "x 0.7")));
-    EXPECT_EQ(m_Log.Text(), "Error : Expected } got  [.\\src\\VKT\\AnimCycle:8]\n");
+    EXPECT_EQ(m_Log.Text(), "Error : Expected } got  [.\\src\\VKT\\AnimCycle:7]\n");
 }
 
 // At the key behind them.
@@ -202,15 +202,15 @@ TEST_F(AnimCycle, NumbersThatAreNoneAreLogged)
     const struct {
         const char *what, *expected;
     } cases[] = {
-        {"time 1 ", "Expected value got  [.\\src\\VKT\\AnimCycle:15]"},
-        {"value 2 ", "Expected in got  [.\\src\\VKT\\AnimCycle:16]"},
-        {"in 3 ", "Expected out got  [.\\src\\VKT\\AnimCycle:17]"},
-        {"out 4.5", "Expected } got  [.\\src\\VKT\\AnimCycle:8]"},
-        {"num_keys 1", "Expected } got  [.\\src\\VKT\\AnimCycle:8]"},
-        {"num_curves 1", "Expected } got  [.\\src\\VKT\\AnimCycle:8]"},
-        {"node 3", "Expected num_curves got  [.\\src\\VKT\\AnimCycle:10]"},
+        {"time 1 ", "Expected value got  [.\\src\\VKT\\AnimCycle:14]"},
+        {"value 2 ", "Expected in got  [.\\src\\VKT\\AnimCycle:15]"},
+        {"in 3 ", "Expected out got  [.\\src\\VKT\\AnimCycle:16]"},
+        {"out 4.5", "Expected } got  [.\\src\\VKT\\AnimCycle:13]"},
+        {"num_keys 1", "Expected } got  [.\\src\\VKT\\AnimCycle:13]"},
+        {"num_curves 1", "Expected } got  [.\\src\\VKT\\AnimCycle:9]"},
+        {"node 3", "Expected num_curves got  [.\\src\\VKT\\AnimCycle:8]"},
         {"fps 24", "Expected BONE_ANIM got  [.\\src\\VKT\\AnimCycle:6]"},
-        {"BONE_ANIM 7", "Expected } got  [.\\src\\VKT\\AnimCycle:8]"},
+        {"BONE_ANIM 7", "Expected } got  [.\\src\\VKT\\AnimCycle:7]"},
     };
     for (const auto& [what, expected] : cases) {
         m_Log.Clear();
@@ -239,7 +239,7 @@ TEST_F(AnimCycle, RecordsThatFailAreNotEntered)
     const std::string two = "lamp { node 3 num_curves 2 " + curve + Replaced(curve, "time 1", "time x") + "}";
     XTextReader in{std::string_view(two)};
     XAnimCurveList curves(m_Model);
-    EXPECT_FALSE(curves.ReadChunk(in));
+    EXPECT_FALSE(curves.ReadChunk(XBlockReader(in, "cycle")));
     EXPECT_EQ(curves.GetCurves().size(), 1u);
 }
 

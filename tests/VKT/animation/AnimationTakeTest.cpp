@@ -191,7 +191,7 @@ TEST_F(AnimationTake, EndOfTheInputInPlaceOfAnAttributeIsLogged)
 {
     const std::string text = kText;
     EXPECT_FALSE(ReadText(m_Take, text.substr(0, text.find(" translate"))));
-    EXPECT_EQ(m_Log.Text(), "Error : Expected { got  [.\\src\\VKT\\AnimationTake:8]\n");
+    EXPECT_EQ(m_Log.Text(), "Error : Expected { got  [.\\src\\VKT\\AnimationTake:12]\n");
 }
 
 TEST_F(AnimationTake, StreamWordsAreExact)

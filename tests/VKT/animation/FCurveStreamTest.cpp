@@ -125,7 +125,7 @@ TEST_F(FCurveStream, WrongKeyIsLogged)
 TEST_F(FCurveStream, CountThatIsNoneIsLoggedAtTheBrace)
 {
     EXPECT_EQ(ReadAttribute("translate", "FCURVE_STREAM { num_fcurves x }"), nullptr);
-    EXPECT_EQ(m_Log.Text(), "Error : Expected } got  [.\\src\\VKT\\AnimationTake:11]\n");
+    EXPECT_EQ(m_Log.Text(), "Error : Expected } got  [.\\src\\VKT\\AnimationTake:17]\n");
 }
 
 TEST_F(FCurveStream, EvaluateSeesNoKeys)

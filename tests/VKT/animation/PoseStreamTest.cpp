@@ -102,7 +102,7 @@ TEST_F(PoseStream, FloatArrayHasALineForEachEntryAndOneFloatInBinary)
 
 TEST_F(PoseStream, NumbersThatAreNoneAreLoggedAtTheBrace)
 {
-    const char* const message = "Error : Expected } got  [.\\src\\VKT\\AnimationTake:11]\n";
+    const char* const message = "Error : Expected } got  [.\\src\\VKT\\AnimationTake:17]\n";
     EXPECT_EQ(ReadAttribute("translate", "POSE_KEY { 1 x 3 }"), nullptr);
     EXPECT_EQ(m_Log.Text(), message);
     m_Log.Clear();

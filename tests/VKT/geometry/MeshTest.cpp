@@ -127,14 +127,16 @@ TEST_F(Mesh, BuiltByHand)
 
 TEST_F(Mesh, WrongKeysAreLogged)
 {
-    int row = 0;
-    for (const std::string key :
-         {"normal_count", "num_uv_sets", "face_count", "normals", "tex_coords", "FACE"}) {
+    // Both lists go on from the keys in front of them.
+    for (const auto& [name, row] :
+         {std::pair{"normal_count", 1}, std::pair{"num_uv_sets", 2}, std::pair{"face_count", 3},
+          std::pair{"normals", 4}, std::pair{"tex_coords", 5}, std::pair{"FACE", 5}}) {
+        const std::string key = name;
         m_Log.Clear();
         EXPECT_FALSE(ReadText(m_Mesh, Replaced(kText, "\t" + key, "\tWrong")));
         const std::string wanted = key == "FACE" ? "face" : key;
         EXPECT_EQ(m_Log.Text(), "Error : Expected " + wanted +
-                                    " got wrong [.\\src\\VKT\\Mesh:" + std::to_string(++row) + "]\n");
+                                    " got wrong [.\\src\\VKT\\Mesh:" + std::to_string(row) + "]\n");
     }
 }
 

@@ -272,17 +272,17 @@ TEST_F(PolygonMeshText, WrongKeysAreLogged)
         {"\t\t4\n\t}", "\t\t4\n\t]", "} got ] [.\\src\\VKT\\PolygonMesh:4]"},
         {"num_index_sets", "Wrong", "num_index_sets got wrong [.\\src\\VKT\\PolygonMesh:5]"},
         {"INDEX_SET", "Wrong", "INDEX_SET got wrong [.\\src\\VKT\\PolygonMesh:6]"},
-        {"\"a map\"\n\t{", "\"a map\"\n\t[", "{ got [ [.\\src\\VKT\\PolygonMesh:3]"},
-        {"11 \n\t}", "11 \n\t]", "} got ] [.\\src\\VKT\\PolygonMesh:4]"},
-        {"num_vertex_sets", "Wrong", "num_vertex_sets got wrong [.\\src\\VKT\\PolygonMesh:7]"},
-        {"VERTEX_SET", "Wrong", "VERTEX_SET got wrong [.\\src\\VKT\\PolygonMesh:8]"},
-        {"\"uv\"\n\t{", "\"uv\"\n\t[", "{ got [ [.\\src\\VKT\\PolygonMesh:3]"},
+        {"\"a map\"\n\t{", "\"a map\"\n\t[", "{ got [ [.\\src\\VKT\\PolygonMesh:7]"},
+        {"11 \n\t}", "11 \n\t]", "} got ] [.\\src\\VKT\\PolygonMesh:8]"},
+        {"num_vertex_sets", "Wrong", "num_vertex_sets got wrong [.\\src\\VKT\\PolygonMesh:6]"},
+        {"VERTEX_SET", "Wrong", "VERTEX_SET got wrong [.\\src\\VKT\\PolygonMesh:7]"},
+        {"\"uv\"\n\t{", "\"uv\"\n\t[", "{ got [ [.\\src\\VKT\\PolygonMesh:8]"},
         {"num_elements", "Wrong", "num_elements got wrong [.\\src\\VKT\\PolygonMesh:9]"},
         {"element_size", "Wrong", "element_size got wrong [.\\src\\VKT\\PolygonMesh:10]"},
         {"usage", "Wrong", "usage got wrong [.\\src\\VKT\\PolygonMesh:11]"},
         {"index_set \"a", "Wrong \"a", "index_set got wrong [.\\src\\VKT\\PolygonMesh:12]"},
         {"\t\telements", "\t\tWrong", "elements got wrong [.\\src\\VKT\\PolygonMesh:13]"},
-        {"1e-05 \n\t}", "1e-05 \n\t]", "} got ] [.\\src\\VKT\\PolygonMesh:4]"},
+        {"1e-05 \n\t}", "1e-05 \n\t]", "} got ] [.\\src\\VKT\\PolygonMesh:14]"},
     };
     for (const auto& [key, with, message] : cases) {
         m_Log.Clear();
@@ -323,7 +323,7 @@ TEST_F(PolygonMeshText, EveryCutFails)
 TEST_F(PolygonMeshText, UnquotedNameLosesItsFirstLetterAndRunsToTheNextQuote)
 {
     EXPECT_FALSE(ReadText(m_Mesh, Replaced(kBody, "INDEX_SET \"points\"", "INDEX_SET points")));
-    EXPECT_EQ(m_Log.Text(), "Error : Expected { got a [.\\src\\VKT\\PolygonMesh:3]\n");
+    EXPECT_EQ(m_Log.Text(), "Error : Expected { got a [.\\src\\VKT\\PolygonMesh:7]\n");
 }
 
 TEST_F(PolygonMeshText, NamesMayHoldLineEnds)

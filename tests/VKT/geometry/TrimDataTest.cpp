@@ -159,11 +159,11 @@ TEST_F(TrimData, OddCoordinatesAreWrittenAsManyVAsU)
 TEST_F(TrimData, WrongKeysAreLogged)
 {
     for (const auto& [key, row] :
-         {std::pair{"num_regions", 1}, std::pair{"REGION", 3}, std::pair{"num_boundaries", 4},
-          std::pair{"BOUNDARY", 5}, std::pair{"type", 6}, std::pair{"num_curves", 7},
-          std::pair{"TRIM_CURVE", 8}, std::pair{"2d_parametric_curve", 9}, std::pair{"degree", 10},
-          std::pair{"knots", 11}, std::pair{"cvs", 12}, std::pair{"3d_local_curve", 13}, std::pair{"{", 2},
-          std::pair{"}", 14}}) {
+         {std::pair{"num_regions", 1}, std::pair{"REGION", 2}, std::pair{"{", 3},
+          std::pair{"num_boundaries", 4}, std::pair{"BOUNDARY", 5}, std::pair{"type", 7},
+          std::pair{"num_curves", 8}, std::pair{"TRIM_CURVE", 9}, std::pair{"2d_parametric_curve", 11},
+          std::pair{"degree", 12}, std::pair{"knots", 13}, std::pair{"cvs", 14},
+          std::pair{"3d_local_curve", 15}, std::pair{"}", 19}}) {
         m_Log.Clear();
         EXPECT_FALSE(Read(Replaced(kText, key, "wrong")));
         EXPECT_EQ(m_Log.Text(), std::string("Error : Expected ") + key +

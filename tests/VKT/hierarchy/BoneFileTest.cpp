@@ -345,7 +345,7 @@ TEST_F(BoneFile, InstanceListNeedsItsBraceAndItsWords)
     EXPECT_FALSE(ReadText(NewBone(), Replaced(kFilledText, "\t{\n", "\t{ CAMERA\n")));
     EXPECT_FALSE(ReadText(NewBone(), Replaced(kFilledText, "\t}\n", "")));
     EXPECT_EQ(m_Log.Text(),
-              "Error : Expected { got [ [.\\src\\VKT\\Bone:28]\n"
+              "Error : Expected { got [ [.\\src\\VKT\\Bone:29]\n"
               "Error : Unexpected error when reading instance list\n"
               "Error : Unexpected error when reading instance list\n");
     EXPECT_TRUE(ReadText(NewBone(), Replaced(kFilledText, "\t{\n", "\t{ { } { { } }\n")));

@@ -103,7 +103,7 @@ TEST_F(LayeredShader, EachWrongKeyIsLoggedWithItsClassAndRow)
     const struct {
         const char* key;
         int row;
-    } cases[] = {{"compositing_flag", 1}, {"inputs", 2}, {"glow", 3}};
+    } cases[] = {{"compositing_flag", 1}, {"inputs", 2}, {"glow", 5}};
     for (const auto& [key, row] : cases) {
         m_Log.Clear();
         EXPECT_FALSE(ReadText(New(), Replaced(kText, key, "wrong")));
@@ -350,7 +350,7 @@ TEST_F(LayeredShader, OldKeysAreChecked)
         const char* key;
         int row;
     } cases[] = {
-        {"colour_inputs", 4}, {"transparency_inputs", 4}, {"glow_inputs", 4}, {"compositing_flag", 5}};
+        {"colour_inputs", 2}, {"transparency_inputs", 3}, {"glow_inputs", 4}, {"compositing_flag", 5}};
     for (const auto& [key, row] : cases) {
         m_Log.Clear();
         EXPECT_FALSE(ReadText(New(), Replaced(kOldText, key, "wrong")));

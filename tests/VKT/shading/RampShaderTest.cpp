@@ -159,7 +159,7 @@ TEST_F(RampShader, EachWrongKeyIsLoggedWithItsClassAndRow)
         const char* key;
         int row;
     } cases[] = {
-        {"colour_ramp", 1}, {"reflectivity_ramp", 1}, {"value", 2}, {"position", 3}, {"interp_type", 4}};
+        {"colour_ramp", 1}, {"reflectivity_ramp", 7}, {"value", 2}, {"position", 3}, {"interp_type", 4}};
     for (const auto& [key, row] : cases) {
         m_Log.Clear();
         EXPECT_FALSE(ReadText(New(), Replaced(kText, key, "wrong")));
@@ -168,7 +168,7 @@ TEST_F(RampShader, EachWrongKeyIsLoggedWithItsClassAndRow)
     }
     m_Log.Clear();
     EXPECT_FALSE(ReadText(New(), Replaced(kText, "\t\tvalue 24", "\t\twrong 24")));
-    EXPECT_EQ(m_Log.Text(), "Error : Expected value got wrong [.\\src\\VKT\\RampShader:2]\n");
+    EXPECT_EQ(m_Log.Text(), "Error : Expected value got wrong [.\\src\\VKT\\RampShader:7]\n");
 }
 
 TEST_F(RampShader, HalfReadRampKeepsItsKeys)

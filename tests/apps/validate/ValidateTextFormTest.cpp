@@ -56,7 +56,7 @@ TEST_F(ValidateTextForm, TextsThatDoNotReadBack)
         bytes.replace(at, 6, "uv\"et1");
     EXPECT_EQ(FindingsIn(bytes),
               "error: plateShape (polygonMesh): its text does not read back (Expected { got et1\" "
-              "[.\\src\\VKT\\PolygonMesh:3]); readers of a text file fail there\n");
+              "[.\\src\\VKT\\PolygonMesh:7]); readers of a text file fail there\n");
 }
 
 // The number of its length runs into the key.
