@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+
 #include "VKT/base/Matrix.h"
 #include "VKT/base/Vector.h"
 
@@ -25,5 +27,16 @@ using XNodeList = XVector<XBase*>;
 using XBoneList = XVector<XBone*>;
 using XDeformerList = XVector<XDeformer*>;
 using XInstanceList = XVector<XInstance*>;
+
+// Removes the first entry that equals `value`. False when there is none.
+template <class T>
+bool EraseFirst(XVector<T>& list, const T& value)
+{
+    const auto found = std::find(list.begin(), list.end(), value);
+    if (found == list.end())
+        return false;
+    list.erase(found);
+    return true;
+}
 
 }  // namespace VKT

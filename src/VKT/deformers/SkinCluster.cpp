@@ -110,9 +110,7 @@ void XSkinCluster::Normalise(std::span<XBoneWeight> weights)
 
 bool XSkinCluster::NodeDeath(u32 id)
 {
-    const auto found = std::find(m_Influences.begin(), m_Influences.end(), id);
-    if (found != m_Influences.end())
-        m_Influences.erase(found);
+    EraseFirst(m_Influences, id);
     return XDeformer::NodeDeath(id);
 }
 

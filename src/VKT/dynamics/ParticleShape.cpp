@@ -12,13 +12,6 @@ namespace {
 
 constexpr const char* kSource = ".\\src\\VKT\\ParticleShape";
 
-void EraseFirst(XIndexList& ids, u32 id)
-{
-    const auto found = std::find(ids.begin(), ids.end(), id);
-    if (found != ids.end())
-        ids.erase(found);
-}
-
 }  // namespace
 
 XField* XParticleShape::GetField(u32 i) const

@@ -31,9 +31,7 @@ bool XDeformer::RemoveAffected(u32 i)
 
 bool XDeformer::NodeDeath(u32 id)
 {
-    const auto found = std::find(m_Affected.begin(), m_Affected.end(), id);
-    if (found != m_Affected.end())
-        m_Affected.erase(found);
+    EraseFirst(m_Affected, id);
     if (m_Affected.empty())
         return false;
     XBase::NodeDeath(id);

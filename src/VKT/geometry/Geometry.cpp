@@ -38,11 +38,7 @@ void XGeometry::SetDeformerQueue(const XDeformerList& queue)
 
 bool XGeometry::NodeDeath(u32 id)
 {
-    const auto found = std::find(m_DeformerQueue.begin(), m_DeformerQueue.end(), id);
-    if (found == m_DeformerQueue.end())
-        return XShape::NodeDeath(id);
-    m_DeformerQueue.erase(found);
-    return true;
+    return EraseFirst(m_DeformerQueue, id) || XShape::NodeDeath(id);
 }
 
 void XGeometry::PreDelete(std::set<u32>& ids)

@@ -237,11 +237,8 @@ bool XBone::NodeDeath(u32 id)
         }
         instance->DropMaterial(id);
     }
-    const auto child = std::find(m_Children.begin(), m_Children.end(), id);
-    if (child != m_Children.end() || m_Parent == id)
+    if (EraseFirst(m_Children, id) || m_Parent == id)
         GetModel()->GetBoneLinks().Invalidate();
-    if (child != m_Children.end())
-        m_Children.erase(child);
     if (m_Parent == id)
         m_Parent = 0;
     return XBase::NodeDeath(id);

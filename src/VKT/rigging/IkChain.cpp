@@ -43,9 +43,7 @@ void XIkChain::SetPoleConstraint(const XBone* constraint)
 
 bool XIkChain::NodeDeath(u32 id)
 {
-    const auto found = std::find(m_Chain.begin(), m_Chain.end(), id);
-    if (found != m_Chain.end())
-        m_Chain.erase(found);
+    EraseFirst(m_Chain, id);
     for (u32* node : {&m_Handle, &m_PoleConstraint})
         if (*node == id)
             *node = 0;

@@ -3,18 +3,6 @@
 #include <algorithm>
 
 namespace VKT {
-namespace {
-
-bool EraseFirst(XIndexList& ids, u32 id)
-{
-    const auto found = std::find(ids.begin(), ids.end(), id);
-    if (found == ids.end())
-        return false;
-    ids.erase(found);
-    return true;
-}
-
-}  // namespace
 
 bool XNodeCollection::AddItem(const XBase* node)
 {
