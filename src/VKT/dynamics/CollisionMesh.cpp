@@ -13,7 +13,7 @@ constexpr const char* kSource = ".\\src\\VKT\\CollisionMesh";
 
 bool XCollisionMesh::DoData(XFileIO& file)
 {
-    return XCollisionObject::DoData(file) && file.DoData(m_Points) && file.DoData(m_Indices);
+    return XNodeClass::DoData(file) && file.DoData(m_Points) && file.DoData(m_Indices);
 }
 
 void XCollisionMesh::DoCopy(const XBase* source)
@@ -21,14 +21,14 @@ void XCollisionMesh::DoCopy(const XBase* source)
     const XCollisionMesh* other = XCast<XCollisionMesh>(source);
     if (!other)
         return;
-    XCollisionObject::DoCopy(source);
+    XNodeClass::DoCopy(source);
     m_Points = other->m_Points;
     m_Indices = other->m_Indices;
 }
 
 bool XCollisionMesh::WriteChunk(XTextWriter& out) const
 {
-    if (!XCollisionObject::WriteChunk(out))
+    if (!XNodeClass::WriteChunk(out))
         return false;
     out << "\tnum_points " << static_cast<u32>(m_Points.size()) << "\n\tnum_indices "
         << static_cast<u32>(m_Indices.size()) << "\n\tpoints\n";
@@ -40,7 +40,7 @@ bool XCollisionMesh::WriteChunk(XTextWriter& out) const
 
 bool XCollisionMesh::ReadFields(XTextReader& in)
 {
-    if (!XCollisionObject::ReadFields(in))
+    if (!XNodeClass::ReadFields(in))
         return false;
     XBlockReader block(in, kSource);
     u32 numPoints = 0;

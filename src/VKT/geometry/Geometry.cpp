@@ -55,7 +55,7 @@ void XGeometry::PreDelete(std::set<u32>& ids)
 
 bool XGeometry::DoData(XFileIO& file)
 {
-    if (!XShape::DoData(file) || !file.DoData(m_Points))
+    if (!XNodeClass::DoData(file) || !file.DoData(m_Points))
         return false;
     XIndexList none;
     const bool isWhole = file.IsReading() || file.IsListing() || SavesDeformers(*this);
@@ -83,7 +83,7 @@ void XGeometry::DoCopy(const XBase* source)
             }
         SetDeformerQueue(clones);
     }
-    XShape::DoCopy(source);
+    XNodeClass::DoCopy(source);
 }
 
 bool XGeometry::WriteChunk(XTextWriter& out) const

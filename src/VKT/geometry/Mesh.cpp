@@ -59,7 +59,7 @@ bool XMesh::DoData(XFileIO& file)
     if (file.IsWriting() && !file.IsMeasuring())
         WarnOfCutCounts();
     file.NoteIds(m_VertexColours);
-    return XGeometry::DoData(file) && file.DoData(m_Normals) && DoTexCoords(file) && DoFaces(file);
+    return XNodeClass::DoData(file) && file.DoData(m_Normals) && DoTexCoords(file) && DoFaces(file);
 }
 
 void XMesh::WarnOfCutCounts() const
@@ -106,7 +106,7 @@ void XMesh::DoCopy(const XBase* source)
     if (const XMeshVertexColours* colours = other->GetVertexColours())
         if (auto* const clone = XCast<XMeshVertexColours>(colours->Clone()))
             clone->SetMesh(this);
-    XGeometry::DoCopy(source);
+    XNodeClass::DoCopy(source);
 }
 
 }  // namespace VKT

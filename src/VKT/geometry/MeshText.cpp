@@ -48,7 +48,7 @@ u64 XMesh::GetTextPadding() const
 
 bool XMesh::WriteChunk(XTextWriter& out) const
 {
-    if (!XGeometry::WriteChunk(out))
+    if (!XNodeClass::WriteChunk(out))
         return false;
     const u32 numSets = GetNumUvSets();
     out << "\tnormal_count " << static_cast<u32>(m_Normals.size()) << "\n\tnum_uv_sets " << numSets
@@ -84,7 +84,7 @@ bool XMesh::WriteChunk(XTextWriter& out) const
 
 bool XMesh::ReadFields(XTextReader& in)
 {
-    if (!XGeometry::ReadFields(in))
+    if (!XNodeClass::ReadFields(in))
         return false;
     XBlockReader block(in, kSource);
     u32 numNormals = 0;

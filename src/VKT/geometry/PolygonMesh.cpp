@@ -143,7 +143,7 @@ void XPolygonMesh::Clear()
 bool XPolygonMesh::DoData(XFileIO& file)
 {
     XString pointSet = m_PointIndexSet ? m_PointIndexSet->m_Name : "";
-    if (!XGeometry::DoData(file) || !file.DoData(pointSet) || !file.DoData(m_PolyCounts) ||
+    if (!XNodeClass::DoData(file) || !file.DoData(pointSet) || !file.DoData(m_PolyCounts) ||
         !DoIndexSets(file) || !DoVertexSets(file))
         return false;
     if (file.IsReading())
@@ -180,7 +180,7 @@ void XPolygonMesh::DoCopy(const XBase* source)
     const XPolygonMesh* other = XCast<XPolygonMesh>(source);
     if (!other || other == this)
         return;
-    XGeometry::DoCopy(source);
+    XNodeClass::DoCopy(source);
     for (const auto& set : other->m_IndexSets)
         AddIndexSet(set->m_Name)->m_Indices = set->m_Indices;
     for (const auto& set : other->m_VertexSets)

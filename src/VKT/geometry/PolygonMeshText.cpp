@@ -99,7 +99,7 @@ const char* XVertexUsageName(u32 usage)
 
 bool XPolygonMesh::WriteChunk(XTextWriter& out) const
 {
-    if (!XGeometry::WriteChunk(out))
+    if (!XNodeClass::WriteChunk(out))
         return false;
     out << "\tpoint_index_set \"" << (m_PointIndexSet ? m_PointIndexSet->GetName().c_str() : "none")
         << "\"\n";
@@ -119,7 +119,7 @@ bool XPolygonMesh::WriteChunk(XTextWriter& out) const
 
 bool XPolygonMesh::ReadFields(XTextReader& in)
 {
-    if (!XGeometry::ReadFields(in))
+    if (!XNodeClass::ReadFields(in))
         return false;
     XBlockReader block(in, kSource);
     XString pointSet;

@@ -15,12 +15,12 @@ constexpr const char* kSource = ".\\src\\VKT\\Constraint";
 
 XBase* XConstraint::GetConstrained() const
 {
-    return GetModel()->FindNode(m_Affected);
+    return GetModel()->FindNode(m_Constrained);
 }
 
 void XConstraint::SetConstrained(const XBase* node)
 {
-    m_Affected = node ? node->GetID() : 0;
+    m_Constrained = node ? node->GetID() : 0;
 }
 
 bool XConstraint::AddTarget(const XBase* target, const XString& name, f32 weight)
@@ -81,14 +81,14 @@ bool XConstraint::NodeDeath(u32 id)
     m_Targets.resize(kept);
     m_TargetNames.resize(kept);
     m_Weights.resize(kept);
-    if (m_Affected == id)
-        m_Affected = 0;
+    if (m_Constrained == id)
+        m_Constrained = 0;
     return XBone::NodeDeath(id);
 }
 
 bool XConstraint::DoData(XFileIO& file)
 {
-    if (!XBone::DoData(file) || !file.DoId(m_Affected) || !file.DoIds(m_Targets) || !file.DoData(m_Weights) ||
+    if (!XNodeClass::DoData(file) || !file.DoId(m_Constrained) || !file.DoIds(m_Targets) || !file.DoData(m_Weights) ||
         !file.DoData(m_TargetNames))
         return false;
     if (file.IsReading())
@@ -114,8 +114,8 @@ void XConstraint::DoCopy(const XBase* source)
     const XConstraint* other = XCast<XConstraint>(source);
     if (!other)
         return;
-    XBone::DoCopy(source);
-    m_Affected = other->m_Affected;
+    XNodeClass::DoCopy(source);
+    m_Constrained = other->m_Constrained;
     m_Targets = other->m_Targets;
     m_TargetNames = other->m_TargetNames;
     m_Weights = other->m_Weights;
@@ -123,9 +123,9 @@ void XConstraint::DoCopy(const XBase* source)
 
 bool XConstraint::WriteChunk(XTextWriter& out) const
 {
-    if (!XBone::WriteChunk(out))
+    if (!XNodeClass::WriteChunk(out))
         return false;
-    out << "\taffected " << XNodeId{m_Affected} << "\n\tnum_targets " << GetNumTargets() << '\n';
+    out << "\taffected " << XNodeId{m_Constrained} << "\n\tnum_targets " << GetNumTargets() << '\n';
     for (std::size_t i = 0; i < m_Targets.size(); ++i)
         out << "\t\t" << XNodeId{m_Targets[i]} << ' ' << NameAsToken(m_TargetNames[i]) << ' ' << m_Weights[i]
             << '\n';
@@ -134,11 +134,11 @@ bool XConstraint::WriteChunk(XTextWriter& out) const
 
 bool XConstraint::ReadFields(XTextReader& in)
 {
-    if (!XBone::ReadFields(in))
+    if (!XNodeClass::ReadFields(in))
         return false;
     XBlockReader block(in, kSource);
     u32 count = 0;
-    if (!block.Read("affected", m_Affected) || !block.Read("num_targets", count))
+    if (!block.Read("affected", m_Constrained) || !block.Read("num_targets", count))
         return false;
     m_Targets.clear();
     m_TargetNames.clear();

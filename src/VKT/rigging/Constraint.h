@@ -38,7 +38,7 @@ private:
     bool SetWeights(const XFloatArray& weights);
     void MatchTargets();
 
-    u32 m_Affected = 0;
+    u32 m_Constrained = 0;
     // One entry per target in each.
     XIndexList m_Targets;
     XStringList m_TargetNames;

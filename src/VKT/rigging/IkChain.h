@@ -30,8 +30,8 @@ public:
     // Of the position and of the orientation, 0 to 1.
     f32 GetWeight() const { return m_Weight; }
     void SetWeight(f32 weight) { m_Weight = weight; }
-    f32 GetPoWeight() const { return m_PoWeight; }
-    void SetPoWeight(f32 weight) { m_PoWeight = weight; }
+    f32 GetOrientationWeight() const { return m_OrientationWeight; }
+    void SetOrientationWeight(f32 weight) { m_OrientationWeight = weight; }
     // Distance from the goal at which the solver stops, in scene units.
     f32 GetTolerance() const { return m_Tolerance; }
     void SetTolerance(f32 tolerance) { m_Tolerance = tolerance; }
@@ -51,7 +51,7 @@ private:
     i32 m_Priority = 1;
     u32 m_MaxIterations = 0x7FFFFFFF;
     f32 m_Weight = 1.0f;
-    f32 m_PoWeight = 1.0f;
+    f32 m_OrientationWeight = 1.0f;
     f32 m_Tolerance = 0.00001f;
     f32 m_Stickiness = 0.0f;
     XVector3 m_PoleVector{};

@@ -7,19 +7,19 @@ namespace VKT {
 
 bool XObjectSet::DoData(XFileIO& file)
 {
-    return XNodeCollection::DoData(file) && file.DoData(m_Annotation);
+    return XNodeClass::DoData(file) && file.DoData(m_Annotation);
 }
 
 void XObjectSet::DoCopy(const XBase* source)
 {
-    XNodeCollection::DoCopy(source);
+    XNodeClass::DoCopy(source);
     if (const XObjectSet* other = XCast<XObjectSet>(source))
         m_Annotation = other->m_Annotation;
 }
 
 bool XObjectSet::WriteChunk(XTextWriter& out) const
 {
-    if (!XNodeCollection::WriteChunk(out))
+    if (!XNodeClass::WriteChunk(out))
         return false;
     out << "\tannotation \"" << m_Annotation << "\"\n";
     return out.IsGood();
@@ -27,7 +27,7 @@ bool XObjectSet::WriteChunk(XTextWriter& out) const
 
 bool XObjectSet::ReadFields(XTextReader& in)
 {
-    if (!XNodeCollection::ReadFields(in) ||
+    if (!XNodeClass::ReadFields(in) ||
         !XBlockReader(in, ".\\src\\VKT\\ObjectSet").Read("annotation", m_Annotation))
         return false;
     if (m_Annotation.starts_with('"'))

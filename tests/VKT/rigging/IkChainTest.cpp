@@ -93,7 +93,7 @@ TEST_F(IkChain, SettersReachTheirFields)
     m_Chain.SetPriority(-3);
     m_Chain.SetMaxIterations(4);
     m_Chain.SetWeight(5);
-    m_Chain.SetPoWeight(6);
+    m_Chain.SetOrientationWeight(6);
     m_Chain.SetTolerance(7);
     m_Chain.SetStickiness(8);
     m_Chain.SetPoleVector({9, 10, 11, 0});
@@ -103,7 +103,7 @@ TEST_F(IkChain, SettersReachTheirFields)
     EXPECT_EQ(m_Chain.GetPriority(), -3);
     EXPECT_EQ(m_Chain.GetMaxIterations(), 4u);
     EXPECT_EQ(m_Chain.GetWeight(), 5);
-    EXPECT_EQ(m_Chain.GetPoWeight(), 6);
+    EXPECT_EQ(m_Chain.GetOrientationWeight(), 6);
     EXPECT_EQ(m_Chain.GetTolerance(), 7);
     EXPECT_EQ(m_Chain.GetStickiness(), 8);
     EXPECT_EQ(m_Chain.GetPoleVector(), (XVector3{9, 10, 11, 0}));
