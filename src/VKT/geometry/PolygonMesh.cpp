@@ -139,41 +139,6 @@ void XPolygonMesh::Clear()
     m_NumPolyIndices = 0;
 }
 
-// A read appends its sets to those that the mesh has.
-bool XPolygonMesh::DoData(XFileIO& file)
-{
-    XString pointSet = m_PointIndexSet ? m_PointIndexSet->m_Name : "";
-    if (!XNodeClass::DoData(file) || !file.DoData(pointSet) || !file.DoData(m_PolyCounts) ||
-        !DoIndexSets(file) || !DoVertexSets(file))
-        return false;
-    if (file.IsReading())
-        m_PointIndexSet = FindIndexSet(pointSet);
-    return true;
-}
-
-bool XPolygonMesh::DoIndexSets(XFileIO& file)
-{
-    constexpr u64 kLeastBytes = 6;  // an empty name and an empty list
-    u32 count = 0;
-    return file.DoCount(count, m_IndexSets.size(), kLeastBytes) &&
-           file.DoElements(
-               m_IndexSets, count, [this] { return std::make_unique<XIndexSet>(this, ""); },
-               [&](XIndexSet& set) { return file.DoData(set.m_Name) && file.DoData(set.m_Indices); });
-}
-
-bool XPolygonMesh::DoVertexSets(XFileIO& file)
-{
-    constexpr u64 kLeastBytes = 20;  // two empty names, three numbers and an empty list
-    const auto doSet = [&](XVertexSet& set) {
-        return file.DoData(set.m_Name) && file.DoData(set.m_NumElements) && file.DoData(set.m_ElementSize) &&
-               file.DoData(set.m_Usage) && file.DoData(set.m_IndexSetName) && file.DoData(set.m_Elements);
-    };
-    u32 count = 0;
-    return file.DoCount(count, m_VertexSets.size(), kLeastBytes) &&
-           file.DoElements(
-               m_VertexSets, count, [this] { return std::make_unique<XVertexSet>(this, ""); }, doSet);
-}
-
 // A source without a point index set leaves the copy without one.
 void XPolygonMesh::DoCopy(const XBase* source)
 {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <limits>
 
 #include "VKT/base/Logger.h"
 #include "VKT/geometry/Mesh.h"
@@ -6,13 +7,25 @@
 #include "VKT/stream/NodeName.h"
 #include "VKT/stream/TextWriter.h"
 
-// The text form of an older mesh.
+// The two forms of an older mesh in files.
 
 namespace VKT {
 namespace {
 
 constexpr const char* kSource = ".\\src\\VKT\\Mesh";
 constexpr u32 kLeastCorners = 3;
+
+// A list whose count stands in the file with 16 bits.
+template <class T, class Move>
+bool DoShortList(XFileIO& file, XVector<T>& list, Move move)
+{
+    u16 count = static_cast<u16>(list.size());
+    if (!file.DoData(count))
+        return false;
+    if (file.IsReading())
+        list.clear();
+    return file.DoElements(list, count, move);
+}
 
 void WriteCorner(const XFaceVertex& corner, u32 numSets, XTextWriter& out)
 {
@@ -31,6 +44,46 @@ bool IsRegular(const XFace& face, u32 numSets)
 }
 
 }  // namespace
+
+bool XMesh::DoData(XFileIO& file)
+{
+    if (file.IsWriting() && !file.IsMeasuring())
+        WarnOfCutCounts();
+    file.NoteIds(m_VertexColours);
+    return XNodeClass::DoData(file) && file.DoData(m_Normals) && DoTexCoords(file) && DoFaces(file);
+}
+
+void XMesh::WarnOfCutCounts() const
+{
+    std::size_t most = std::max(m_Faces.size(), m_TexCoords.size());
+    for (const XFace& face : m_Faces)
+        most = std::max(most, face.GetVertices().size());
+    if (most > std::numeric_limits<u16>::max())
+        GetLogger()->LogFormat(kWarning,
+                               "mesh \"%s\" has more faces, corners or uv sets than the 65535 that a binary "
+                               "file can count: it will not read back",
+                               GetName());
+}
+
+// The names stand between the number of the tables and the tables.
+bool XMesh::DoTexCoords(XFileIO& file)
+{
+    u16 count = static_cast<u16>(m_TexCoords.size());
+    if (!file.DoData(count) || !file.DoData(m_UvSetNames))
+        return false;
+    if (file.IsReading())
+        m_TexCoords.clear();
+    return file.DoElements(m_TexCoords, count, [&](XTexCoords& table) { return file.DoData(table) != 0; });
+}
+
+bool XMesh::DoFaces(XFileIO& file)
+{
+    const auto doCorner = [&](XFaceVertex& corner) {
+        return file.DoData(corner.m_Point) && file.DoData(corner.m_Normal) && file.DoData(corner.m_UvIndices);
+    };
+    return DoShortList(file, m_Faces,
+                       [&](XFace& face) { return DoShortList(file, face.GetVertices(), doCorner); });
+}
 
 u64 XMesh::GetTextPadding() const
 {

@@ -9,7 +9,7 @@
 #include "VKT/stream/BlockReader.h"
 #include "VKT/stream/TextWriter.h"
 
-// The text form of a polygon mesh.
+// The two forms of a polygon mesh in files.
 
 namespace VKT {
 namespace {
@@ -95,6 +95,41 @@ void WriteVertexSet(const XVertexSet& set, XTextWriter& out)
 const char* XVertexUsageName(u32 usage)
 {
     return WordsOf(usage).name;
+}
+
+// A read appends its sets to those that the mesh has.
+bool XPolygonMesh::DoData(XFileIO& file)
+{
+    XString pointSet = m_PointIndexSet ? m_PointIndexSet->m_Name : "";
+    if (!XNodeClass::DoData(file) || !file.DoData(pointSet) || !file.DoData(m_PolyCounts) ||
+        !DoIndexSets(file) || !DoVertexSets(file))
+        return false;
+    if (file.IsReading())
+        m_PointIndexSet = FindIndexSet(pointSet);
+    return true;
+}
+
+bool XPolygonMesh::DoIndexSets(XFileIO& file)
+{
+    constexpr u64 kLeastBytes = 6;  // an empty name and an empty list
+    u32 count = 0;
+    return file.DoCount(count, m_IndexSets.size(), kLeastBytes) &&
+           file.DoElements(
+               m_IndexSets, count, [this] { return std::make_unique<XIndexSet>(this, ""); },
+               [&](XIndexSet& set) { return file.DoData(set.m_Name) && file.DoData(set.m_Indices); });
+}
+
+bool XPolygonMesh::DoVertexSets(XFileIO& file)
+{
+    constexpr u64 kLeastBytes = 20;  // two empty names, three numbers and an empty list
+    const auto doSet = [&](XVertexSet& set) {
+        return file.DoData(set.m_Name) && file.DoData(set.m_NumElements) && file.DoData(set.m_ElementSize) &&
+               file.DoData(set.m_Usage) && file.DoData(set.m_IndexSetName) && file.DoData(set.m_Elements);
+    };
+    u32 count = 0;
+    return file.DoCount(count, m_VertexSets.size(), kLeastBytes) &&
+           file.DoElements(
+               m_VertexSets, count, [this] { return std::make_unique<XVertexSet>(this, ""); }, doSet);
 }
 
 bool XPolygonMesh::WriteChunk(XTextWriter& out) const
