@@ -16,6 +16,9 @@
 namespace VKT {
 namespace {
 
+// By their types.
+constexpr const char* kStreamWords[] = {"POSE_KEY", "SAMPLED_KEYS", "FCURVE_STREAM"};
+
 // Kept on purpose: what a text file gives to arrays of vectors. It has no name and no
 // elements.
 constexpr XStreamKind kVectorArray{7};
@@ -110,14 +113,15 @@ XPoseStream* XAnimatedAttribute::CreatePoseStream()
 {
     if (auto* found = Find<XPoseStream>(kPoseStream))
         return found;
-    return Add(std::make_unique<XPoseStream>(*this));
+    return Add(std::make_unique<XPoseStream>(*this, m_Kind));
 }
 
 XSampledStream* XAnimatedAttribute::CreateSampledStream()
 {
     if (auto* found = Find<XSampledStream>(kSampledStream))
         return found;
-    auto stream = std::make_unique<XSampledStream>(*this, GetElementCount(m_Kind), GetTake().GetNumFrames());
+    auto stream =
+        std::make_unique<XSampledStream>(*this, m_Kind, GetElementCount(m_Kind), GetTake().GetNumFrames());
     FillWithCurrent(*stream);
     return Add(std::move(stream));
 }
@@ -126,7 +130,7 @@ XFCurveStream* XAnimatedAttribute::CreateFCurveStream()
 {
     if (auto* found = GetFCurveStream())
         return found;
-    return Add(std::make_unique<XFCurveStream>(*this));
+    return Add(std::make_unique<XFCurveStream>(*this, m_Kind));
 }
 
 XFCurveStream* XAnimatedAttribute::GetFCurveStream() const
@@ -196,17 +200,27 @@ bool XAnimatedAttribute::ReadStream(XBlockReader block)
     XTextReader& in = block.In();
     XString word;
     in.ReadToken(word);
-    std::unique_ptr<XAnimationStream> stream;
-    if (word == "POSE_KEY")
-        stream = std::make_unique<XPoseStream>(*this);
-    else if (word == "SAMPLED_KEYS")
-        stream = std::make_unique<XSampledStream>(*this, m_ElementsPerSample);
-    else if (word == "FCURVE_STREAM")
-        stream = std::make_unique<XFCurveStream>(*this);
-    else
+    u32 type = 0;
+    if (!FindWord(word, kStreamWords, type))
         return block.Refuse("FCURVE_STREAM", word);
     block.NextRow();
+    std::unique_ptr<XAnimationStream> stream = MakeStream(type, m_Kind);
     return block.Expect("{") && stream->ReadChunk(in) && block.Expect("}") && Add(std::move(stream));
+}
+
+// An empty stream as files hold it, null for a number that is no type.
+std::unique_ptr<XAnimationStream> XAnimatedAttribute::MakeStream(u32 type, XStreamKind kind)
+{
+    switch (type) {
+        case kPoseStream:
+            return std::make_unique<XPoseStream>(*this, kind);
+        case kSampledStream:
+            return std::make_unique<XSampledStream>(*this, kind, m_ElementsPerSample);
+        case kFCurveStream:
+            return std::make_unique<XFCurveStream>(*this, kind);
+        default:
+            return nullptr;
+    }
 }
 
 bool XAnimatedAttribute::WriteChunk(XTextWriter& out) const
@@ -220,6 +234,7 @@ bool XAnimatedAttribute::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
+// Not a list as others: a number that comes short does not end the body.
 bool XAnimatedAttribute::DoData(XFileIO& file)
 {
     u32 count = GetNumStreams();
@@ -227,35 +242,32 @@ bool XAnimatedAttribute::DoData(XFileIO& file)
     file.DoData(m_ElementsPerSample);
     file.DoData(count);
     for (u32 i = 0; i < count && !file.IsAtEnd(); ++i)
-        if (!DoStream(file, i))
+        if (!(file.IsReading() ? ReadStream(file) : WriteStream(file, *m_Streams[i])))
             return false;
     return true;
 }
 
-bool XAnimatedAttribute::DoStream(XFileIO& file, u32 i)
+bool XAnimatedAttribute::ReadStream(XFileIO& file)
 {
     u32 type = kPoseStream;
     u32 kind = kScalar;
-    if (file.IsWriting()) {
-        type = m_Streams[i]->m_StreamType;
-        kind = m_Streams[i]->m_Kind;
-    }
     file.DoData(type);
     file.DoData(kind);
-    if (file.IsReading()) {
-        if (type == kPoseStream) {
-            Add(std::make_unique<XPoseStream>(*this));
-        } else if (type == kSampledStream) {
-            Add(std::make_unique<XSampledStream>(*this, m_ElementsPerSample));
-        } else if (type == kFCurveStream) {
-            Add(std::make_unique<XFCurveStream>(*this));
-        } else {
-            GetLogger()->LogFormat(kError, "%d is no type of a key stream", static_cast<int>(type));
-            return false;
-        }
-        m_Streams.back()->m_Kind = XStreamKind{kind};
+    std::unique_ptr<XAnimationStream> stream = MakeStream(type, XStreamKind{kind});
+    if (!stream) {
+        GetLogger()->LogFormat(kError, "%d is no type of a key stream", static_cast<int>(type));
+        return false;
     }
-    return m_Streams[i]->DoData(file);
+    return Add(std::move(stream))->DoData(file);
+}
+
+bool XAnimatedAttribute::WriteStream(XFileIO& file, XAnimationStream& stream)
+{
+    u32 type = stream.GetStreamType();
+    u32 kind = stream.GetKind();
+    file.DoData(type);
+    file.DoData(kind);
+    return stream.DoData(file);
 }
 
 }  // namespace VKT

@@ -68,7 +68,9 @@ private:
     void FillWithCurrent(XSampledStream& stream) const;
     void SetTarget(const XBase& node, const XString& word);
     bool ReadStream(XBlockReader block);
-    bool DoStream(XFileIO& file, u32 i);
+    bool ReadStream(XFileIO& file);
+    static bool WriteStream(XFileIO& file, XAnimationStream& stream);
+    std::unique_ptr<XAnimationStream> MakeStream(u32 type, XStreamKind kind);
 
     XStreamKind m_Kind = kScalar;
     u32 m_ElementsPerSample = 1;

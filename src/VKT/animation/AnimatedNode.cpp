@@ -91,6 +91,7 @@ bool XAnimatedNode::WriteChunk(XTextWriter& out) const
     return out.IsGood();
 }
 
+// Not a list as others: a number that comes short does not end the body.
 bool XAnimatedNode::DoData(XFileIO& file)
 {
     u32 count = GetNumAttributes();

@@ -21,11 +21,6 @@ u32 GetElementCount(XStreamKind kind)
     return kind < std::size(counts) ? counts[kind] : 0;
 }
 
-XAnimationStream::XAnimationStream(XStreamType type, XAnimatedAttribute& attribute)
-    : m_StreamType(type), m_Kind(attribute.GetKind()), m_Attribute(&attribute)
-{
-}
-
 u32 XAnimationStream::GetDataSize() const
 {
     XFileIO measure = XFileIO::Measuring();

@@ -69,11 +69,12 @@ public:
     const XFCurveStream* AsFCurve() const { return const_cast<XAnimationStream*>(this)->AsFCurve(); }
 
 protected:
-    XAnimationStream(XStreamType type, XAnimatedAttribute& attribute);
+    XAnimationStream(XStreamType type, XStreamKind kind, XAnimatedAttribute& attribute)
+        : m_StreamType(type), m_Kind(kind), m_Attribute(&attribute)
+    {
+    }
 
 private:
-    friend class XAnimatedAttribute;  // reads type and kind from binary files
-
     XStreamType m_StreamType;
     XStreamKind m_Kind;
     XAnimatedAttribute* m_Attribute;

@@ -16,8 +16,6 @@ constexpr u32 kBoneRotation = 1;  // the attribute's number
 
 }  // namespace
 
-XFCurveStream::XFCurveStream(XAnimatedAttribute& attribute) : XAnimationStream(kFCurveStream, attribute) {}
-
 const XAnimCurve* XFCurveStream::FindCurve(i32 component, i32 index) const
 {
     const auto found = std::find_if(m_Curves.begin(), m_Curves.end(), [=](const auto& curve) {

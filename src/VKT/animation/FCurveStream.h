@@ -10,7 +10,10 @@ namespace VKT {
 // Function curves, one for each element of the attribute that has one.
 class XFCurveStream final : public XAnimationStream {
 public:
-    explicit XFCurveStream(XAnimatedAttribute& attribute);
+    XFCurveStream(XAnimatedAttribute& attribute, XStreamKind kind)
+        : XAnimationStream(kFCurveStream, kind, attribute)
+    {
+    }
 
     // The first curve of that element and array entry, or a new one, a Bezier curve in
     // two dimensions without keys.

@@ -9,7 +9,8 @@
 
 namespace VKT {
 
-XPoseStream::XPoseStream(XAnimatedAttribute& attribute) : XAnimationStream(kPoseStream, attribute)
+XPoseStream::XPoseStream(XAnimatedAttribute& attribute, XStreamKind kind)
+    : XAnimationStream(kPoseStream, kind, attribute)
 {
     if (GetKind() == kFloatArray) {
         attribute.GetCurrentArray(m_Values);

@@ -8,9 +8,9 @@ namespace VKT {
 // A value that does not change over the take.
 class XPoseStream final : public XAnimationStream {
 public:
-    // Zeroes of the attribute's kind, for a matrix the identity. For a float array as
+    // Zeroes of that kind, for a matrix the identity. For a float array as
     // many as the animated node's array has entries now.
-    explicit XPoseStream(XAnimatedAttribute& attribute);
+    XPoseStream(XAnimatedAttribute& attribute, XStreamKind kind);
 
     // The floats of the value; see `GetArrayLength` for float arrays.
     const XFloatArray& GetValues() const { return m_Values; }

@@ -13,8 +13,9 @@
 
 namespace VKT {
 
-XSampledStream::XSampledStream(XAnimatedAttribute& attribute, u32 elementsPerSample, u32 numFrames)
-    : XAnimationStream(kSampledStream, attribute), m_ElementsPerSample(elementsPerSample)
+XSampledStream::XSampledStream(XAnimatedAttribute& attribute, XStreamKind kind, u32 elementsPerSample,
+                               u32 numFrames)
+    : XAnimationStream(kSampledStream, kind, attribute), m_ElementsPerSample(elementsPerSample)
 {
     m_Samples.resize(std::size_t{elementsPerSample} * numFrames, 0.0f);
 }

@@ -10,7 +10,7 @@ namespace VKT {
 class XSampledStream final : public XAnimationStream {
 public:
     // A table of that many floats each frame and frames, all zero.
-    XSampledStream(XAnimatedAttribute& attribute, u32 elementsPerSample, u32 numFrames = 0);
+    XSampledStream(XAnimatedAttribute& attribute, XStreamKind kind, u32 elementsPerSample, u32 numFrames = 0);
 
     u32 GetElementsPerSample() const { return m_ElementsPerSample; }
     u32 GetNumSamples() const;

@@ -80,7 +80,7 @@ TEST_F(PoseStream, MatrixStartsAsTheIdentity)
     ASSERT_NE(attribute, nullptr);
     EXPECT_EQ(attribute->GetKind(), kMatrix);
     EXPECT_EQ(attribute->GetStream(0)->AsPose()->GetValues()[15], 16);
-    XPoseStream fresh(*attribute);
+    XPoseStream fresh(*attribute, kMatrix);
     EXPECT_EQ(BlockOf(fresh), "\t\t\tPOSE_KEY\n\t\t\t{\n\t\t\t\t1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1 \n\t\t\t}\n");
     EXPECT_EQ(fresh.GetDataSize(), 8u + 64);
 }
