@@ -10,6 +10,8 @@
 #include "VKT/geometry/Geometry.h"
 #include "VKT/hierarchy/Bone.h"
 
+using namespace VKT;
+
 namespace VKU {
 namespace {
 

@@ -9,8 +9,6 @@ class XGeometry;
 
 namespace VKU {
 
-using namespace VKT;
-
 // The whole skinning of a geometry in one table, with at most so many influences for each
 // point: its first skin cluster, merged with all its joint clusters, and pruned. The scene
 // is only read.
@@ -18,23 +16,23 @@ using namespace VKT;
 // Weights come out ascending. They are made to sum up to at least 1; a sum above 1 stays.
 class XSkinPruner {
 public:
-    XSkinPruner(const XGeometry* geometry, u16 maxInfluences);
+    XSkinPruner(const VKT::XGeometry* geometry, VKT::u16 maxInfluences);
     virtual ~XSkinPruner() = default;
 
     // The bones that any point is left with.
-    u32 GetNumInfluences() const { return static_cast<u32>(m_Influences.size()); }
+    VKT::u32 GetNumInfluences() const { return static_cast<VKT::u32>(m_Influences.size()); }
     // The id of a bone; 0 out of range, and for a bone that the document lost.
-    u32 GetInfluence(u32 i) const { return i < m_Influences.size() ? m_Influences[i] : 0; }
+    VKT::u32 GetInfluence(VKT::u32 i) const { return i < m_Influences.size() ? m_Influences[i] : 0; }
     // Fills `out` with the weights of a point; out of range it stays as it is.
-    void GetWeights(u32 point, XWeightList& out) const;
+    void GetWeights(VKT::u32 point, VKT::XWeightList& out) const;
 
 private:
-    void AddSkin(const XDeformerList& queue);
-    void AddJointClusters(const XDeformerList& queue);
+    void AddSkin(const VKT::XDeformerList& queue);
+    void AddJointClusters(const VKT::XDeformerList& queue);
     void DropUnusedInfluences();
 
-    XIndexList m_Influences;
-    XWeightTable m_Weights;
+    VKT::XIndexList m_Influences;
+    VKT::XWeightTable m_Weights;
 };
 
 }  // namespace VKU

@@ -88,8 +88,8 @@ bool XConstraint::NodeDeath(u32 id)
 
 bool XConstraint::DoData(XFileIO& file)
 {
-    if (!XNodeClass::DoData(file) || !file.DoId(m_Constrained) || !file.DoIds(m_Targets) || !file.DoData(m_Weights) ||
-        !file.DoData(m_TargetNames))
+    if (!XNodeClass::DoData(file) || !file.DoId(m_Constrained) || !file.DoIds(m_Targets) ||
+        !file.DoData(m_Weights) || !file.DoData(m_TargetNames))
         return false;
     if (file.IsReading())
         MatchTargets();
