@@ -4,8 +4,9 @@
 
 namespace VKT {
 
-// Makes points swing behind the motion of their geometry. The library stores the values
-// and never applies them.
+// Makes points swing behind the motion of their geometry. The library never applies the
+// values: forces, stiffness, damping, weight and bias are stored as they stand, without a
+// unit or range of the format.
 class XJiggleDeformer : public XNodeClass<XJiggleDeformer, XDeformer, kFnJiggleDeformer> {
 public:
     using XNodeClass::XNodeClass;

@@ -7,7 +7,7 @@ namespace VKT {
 class XBone;
 
 // The base of the deformers that a handle drives. They are parameter records: the
-// library stores their values and never applies them.
+// library stores their values as they stand and never applies them.
 class XNonLinearDeformer : public XNodeClass<XNonLinearDeformer, XDeformer, kFnNonLinearDeformer> {
 public:
     using XNodeClass::XNodeClass;

@@ -12,8 +12,8 @@ struct XWireRecord {
     f32 m_WireParam2 = 1.0f;  // `wire_dropoff_distance`, in scene units
 };
 
-// Pulls points along curves, the wires. The library stores the values and never applies
-// them.
+// Pulls points along curves, the wires. The library stores the values as they stand, the
+// rotation among them, and never applies them.
 class XWireDeformer : public XNodeClass<XWireDeformer, XDeformer, kFnWireDeformer> {
 public:
     using XNodeClass::XNodeClass;

@@ -7,7 +7,7 @@ namespace VKT {
 class XGeometry;
 
 // Lets geometry follow the shape of another one, the driver. The library stores the
-// values and never applies them.
+// values as they stand and never applies them; only the distance has a unit.
 class XWrapDeformer : public XNodeClass<XWrapDeformer, XDeformer, kFnWrapDeformer> {
 public:
     using XNodeClass::XNodeClass;

@@ -5,7 +5,7 @@
 
 namespace VKT {
 
-// A cone.
+// A cone. What the format calls its cap is stored as it stands.
 class XCollisionCone final : public XNodeClass<XCollisionCone, XCollisionObject, kFnCollisionCone> {
 public:
     using XNodeClass::XNodeClass;

@@ -4,7 +4,8 @@
 
 namespace VKT {
 
-// The base of analytic shapes that a simulation lets collide.
+// The base of analytic shapes that a simulation lets collide. The mass is stored as it
+// stands, without a unit of the format.
 class XCollisionObject : public XNodeClass<XCollisionObject, XShape, kFnCollisionObject> {
 public:
     using XNodeClass::XNodeClass;

@@ -18,7 +18,8 @@ enum XFieldVolume : u32 {
 };
 
 // The base of forces that act on particles. A field is a transform itself. The library
-// stores its settings and simulates nothing. Lengths are in scene units, angles in radians.
+// stores its settings and simulates nothing. Lengths are in scene units, angles in radians,
+// magnitudes and speeds are stored as they stand.
 class XField : public XNodeClass<XField, XBone, kFnField> {
 public:
     using XNodeClass::XNodeClass;

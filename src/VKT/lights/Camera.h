@@ -5,7 +5,7 @@
 namespace VKT {
 
 // The lens of a camera; the bone above it has its place and direction. Values are stored
-// as they come: a near plane behind the far one stands, and none follows from another.
+// as they stand: a near plane behind the far one stands, and none follows from another.
 class XCamera : public XNodeClass<XCamera, XShape, kFnCamera> {
 public:
     using XNodeClass::XNodeClass;
@@ -18,7 +18,7 @@ public:
     void SetNear(f32 distance) { m_NearDistance = distance; }
     f32 GetFar() const { return m_FarDistance; }
     void SetFar(f32 distance) { m_FarDistance = distance; }
-    // The film's width and height.
+    // The film's width and height, stored as they stand, without a unit of the format.
     f32 GetHorizontalAspect() const { return m_HorizontalAspect; }
     void SetHorizontalAspect(f32 aspect) { m_HorizontalAspect = aspect; }
     f32 GetVerticalAspect() const { return m_VerticalAspect; }

@@ -4,7 +4,8 @@
 
 namespace VKT {
 
-// A light with a place or a direction: shadows and decay.
+// A light with a place or a direction: shadows and decay. All values are stored as
+// they stand, without a unit of the format.
 class XExtendedLight : public XNodeClass<XExtendedLight, XLight, kFnExtendedLight> {
 public:
     using XNodeClass::XNodeClass;

@@ -5,7 +5,8 @@
 namespace VKT {
 
 // What all lights share. Colours are red, green and blue, nominally 0 to 1; angles of
-// lights are radians, lengths scene units.
+// lights are radians, lengths scene units, unless a class says otherwise. The intensity is
+// stored as it stands, 1 in a new light.
 class XLight : public XNodeClass<XLight, XShape, kFnLight> {
 public:
     using XNodeClass::XNodeClass;

@@ -5,7 +5,8 @@
 namespace VKT {
 
 // A cone of light, which barn doors can cut and whose brightness can change by region.
-// Angles are radians, regions are distances from the light in scene units.
+// Angles are radians, regions are distances from the light in scene units, the drop-off is
+// stored as it stands.
 class XSpotLight : public XNodeClass<XSpotLight, XExtendedLight, kFnSpotLight> {
 public:
     using XNodeClass::XNodeClass;

@@ -5,7 +5,8 @@
 
 namespace VKT {
 
-// Light within a volume, whose colour and penumbra change on the way out.
+// Light within a volume, whose colour and penumbra change on the way out. The arc is the one
+// angle of lights in degrees; the radius is stored as it stands.
 class XVolumeLight : public XNodeClass<XVolumeLight, XExtendedLight, kFnVolumeLight> {
 public:
     explicit XVolumeLight(XModel* model);

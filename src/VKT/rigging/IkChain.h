@@ -35,6 +35,7 @@ public:
     // Distance from the goal at which the solver stops, in scene units.
     f32 GetTolerance() const { return m_Tolerance; }
     void SetTolerance(f32 tolerance) { m_Tolerance = tolerance; }
+    // Stored as it stands.
     f32 GetStickiness() const { return m_Stickiness; }
     void SetStickiness(f32 stickiness) { m_Stickiness = stickiness; }
     const XVector3& GetPoleVector() const { return m_PoleVector; }

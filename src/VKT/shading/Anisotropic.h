@@ -5,6 +5,7 @@
 namespace VKT {
 
 // A glossy material with grooves, such as brushed metal: its highlight is stretched.
+// All values are stored as they stand, without a unit or range of the format.
 class XAnisotropic : public XNodeClass<XAnisotropic, XSpecular, kFnAnisotropic> {
 public:
     using XNodeClass::XNodeClass;

@@ -5,7 +5,8 @@
 namespace VKT {
 
 // A glossy material whose highlight is given by its eccentricity. The shininess follows
-// from it whenever a file is read or a binary one written.
+// from it whenever a file is read or a binary one written: 90 times what the eccentricity
+// lacks to 1. Eccentricity and roll-off are stored as they stand.
 class XBlinn : public XNodeClass<XBlinn, XSpecular, kFnBlinn> {
 public:
     using XNodeClass::XNodeClass;

@@ -4,7 +4,8 @@
 
 namespace VKT {
 
-// A texture that makes a surface look uneven.
+// A texture that makes a surface look uneven. The depth is stored as it stands, without a
+// unit of the format.
 class XBumpMap : public XNodeClass<XBumpMap, XTexture, kFnBumpMap> {
 public:
     explicit XBumpMap(XModel* model);

@@ -5,6 +5,7 @@
 namespace VKT {
 
 // A glossy material with a highlight of a size and a roughness.
+// Both are stored as they stand, without a unit or range of the format.
 class XPhongE : public XNodeClass<XPhongE, XSpecular, kFnPhongE> {
 public:
     using XNodeClass::XNodeClass;

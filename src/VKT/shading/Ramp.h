@@ -12,7 +12,7 @@ class XTextWriter;
 enum XRampInterpolation : u32 { kRampNone = 0, kRampLinear = 1, kRampSmooth = 2, kRampSpline = 3 };
 
 struct XRampKey {
-    f32 position = 0;
+    f32 position = 0;  // stored as it stands; those of a new light are 0 and 1
     u32 interpolation = kRampNone;
     XColour value{};  // of a ramp of floats, r alone
 };

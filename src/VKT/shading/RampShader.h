@@ -6,7 +6,8 @@ namespace VKT {
 
 class XBlockReader;
 
-// A shader of seven ramps. The library stores them and never evaluates them.
+// A shader of seven ramps. The library stores them and never evaluates them: positions and
+// values are those of the file, whatever their range, and nothing orders the keys.
 class XRampShader : public XNodeClass<XRampShader, XSurfaceShader, kFnRampShader> {
 public:
     using XNodeClass::XNodeClass;

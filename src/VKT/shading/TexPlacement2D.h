@@ -5,7 +5,8 @@
 namespace VKT {
 
 // An image on a surface: the file, and how it is laid out over the surface's uv
-// coordinates. Angles are radians. The library stores the values and never applies them.
+// coordinates. Angles are radians, all other values are stored as they stand. The
+// library applies none of them.
 class XTexPlacement2D : public XNodeClass<XTexPlacement2D, XShadingNode, kFnTexPlacement2D> {
 public:
     using XNodeClass::XNodeClass;
