@@ -121,8 +121,8 @@ public:
 
     // Lists whose elements have several fields. `move(element)` transfers one, or what it
     // points to, and answers whether it came; `make()` gives a read the next one to fill,
-    // where a default one will not do. An element enters the list once it came whole, so
-    // that a list grows with what is there, and nothing enters behind the first failure.
+    // where a default one will not do. A list grows with what is there; an element that
+    // does not come whole leaves it again.
     //
     // A count of 32 bits, then the elements, each at least `elementBytes` long in the file;
     // a read replaces the list's content.
@@ -148,10 +148,11 @@ public:
         if (!m_Reading)
             return std::all_of(list.begin(), list.end(), [&](T& element) { return move(Content(element)); });
         for (; count > 0; --count) {
-            T element = make();
-            if (!move(Content(element)))
+            list.push_back(make());  // filled in its place: many elements are costly to move
+            if (!move(Content(list.back()))) {
+                list.pop_back();
                 return false;
-            list.push_back(std::move(element));
+            }
         }
         return true;
     }
