@@ -5,8 +5,8 @@
 #include "VKT/hierarchy/Bone.h"
 #include "VKT/hierarchy/Shape.h"
 #include "VKT/node/Fn.h"
+#include "VKT/stream/BlockReader.h"
 #include "VKT/stream/NodeName.h"
-#include "VKT/stream/TextSyntax.h"
 #include "VKT/stream/TextWriter.h"
 
 namespace VKT {
@@ -124,17 +124,16 @@ bool XInstance::Read(XBone& bone, XTextReader& in)
     XModel& model = *bone.GetModel();
     XString name;
     in.ReadToken(name);
-    if (!Expect("{", in, kSource, 1) || !Expect("object_id", in, kSource, 2))
-        return false;
+    XBlockReader block(in, kSource);
     u32 shapeId = 0;
-    in.Read(shapeId);
+    if (!block.Expect("{") || !block.Read("object_id", shapeId))
+        return false;
 
     XVector<XInstanceUvSet> uvSets;
     if (!in.IsBelow(4)) {
-        if (!Expect("num_uv_sets", in, kSource, 3))
-            return false;
         u32 count = 0;
-        in.Read(count);
+        if (!block.Read("num_uv_sets", count))
+            return false;
         for (u32 i = 0; i < count && in.IsGood(); ++i) {
             XInstanceUvSet uvSet;
             in.Read(uvSet.m_Texture);
@@ -158,7 +157,7 @@ bool XInstance::Read(XBone& bone, XTextReader& in)
     for (const XInstanceUvSet& uvSet : uvSets)
         if (instance.CanName(uvSet.m_Texture, XInstanceLink::kTexture, bone))
             instance.AddUvSet(uvSet.m_Texture, uvSet.m_SetName);
-    return instance.ReadMaterials(in, bone);
+    return instance.ReadMaterials(block, bone);
 }
 
 // Whether an id from a text file leads to a material or a texture. One that does not is dropped.
@@ -172,8 +171,9 @@ bool XInstance::CanName(u32 id, XInstanceLink link, const XBone& bone) const
     return false;
 }
 
-bool XInstance::ReadMaterials(XTextReader& in, const XBone& bone)
+bool XInstance::ReadMaterials(XBlockReader block, const XBone& bone)
 {
+    XTextReader& in = block.In();
     const auto isMaterial = [&](u32 id) { return CanName(id, XInstanceLink::kMaterial, bone); };
     XString token;
     for (in.ReadToken(token);; in.ReadToken(token)) {
@@ -184,17 +184,16 @@ bool XInstance::ReadMaterials(XTextReader& in, const XBone& bone)
                 m_Material = id;
         } else if (token == "MATERIAL_GROUP") {
             auto group = std::make_unique<XMaterialGroup>();
+            XBlockReader entry = block;
             u32 count = 0;
-            if (!Expect("{", in, kSource, 4) || !Expect("material_id", in, kSource, 5))
+            if (!entry.Expect("{") || !entry.Read("material_id", group->m_Material))
                 return false;
-            in.Read(group->m_Material);
             if (!isMaterial(group->m_Material))
                 group->m_Material = 0;
-            if (!Expect("num_face_indices", in, kSource, 6))
+            if (!entry.Read("num_face_indices", count))
                 return false;
-            in.Read(count);
             in.ReadNumbers(group->m_Faces, count);
-            if (!Expect("}", in, kSource, 7))
+            if (!entry.Expect("}"))
                 return false;
             m_MaterialGroups.push_back(std::move(group));
         } else {

@@ -9,6 +9,7 @@
 
 namespace VKT {
 
+class XBlockReader;
 class XBone;
 class XFileIO;
 class XModel;
@@ -83,7 +84,7 @@ private:
 
     // The bone that is being read is not in the document yet.
     bool CanName(u32 id, XInstanceLink link, const XBone& bone) const;
-    bool ReadMaterials(XTextReader& in, const XBone& bone);
+    bool ReadMaterials(XBlockReader block, const XBone& bone);
 
     u32 m_ID = 0;
     bool m_IsDead = false;  // deleted, and not yet out of the document's list
