@@ -57,6 +57,20 @@ const std::vector<Exception> kPluginExceptions = {
      "sends each object to where its shape is built"},
 };
 
+// The headless host. Its classes of controllers, objects, modifiers and materials don't see
+// each other.
+const std::vector<Room> kHostRooms = {
+    {"sdk/include", {}},
+    {"host/core", {"sdk/include"}},
+    {"host/controllers", {"host/core"}},
+    {"host/objects", {"host/core"}},
+    {"host/modifiers", {"host/core"}},
+    {"host/materials", {"host/core"}},
+    {"host/app", {"host/controllers", "host/objects", "host/modifiers", "host/materials"}},
+    {"host/build", {"host/app"}},
+    {"host/io", {"host/build"}},
+};
+
 // Where headers of the host may be seen, and those of the operating system.
 const std::vector<std::string> kForeignPlaces = {"src/max", "src/plugin", "src/VKT/stream/Platform.cpp"};
 
@@ -111,6 +125,11 @@ TEST(Layers, HeadersOfTheHostAreForTheBorderAndTheModuleAlone)
     EXPECT_THAT(CheckForeign(PluginFiles(), kForeignPlaces), IsEmpty());
 }
 
+TEST(Layers, RoomsOfTheHeadlessHostKnowThoseBelowAlone)
+{
+    EXPECT_THAT(Check(ReadFiles(VKT_SOURCE_ROOT, {"host", "sdk"}), kHostRooms, {}), IsEmpty());
+}
+
 // The checks themselves, on what is planted.
 
 TEST(LayersCheck, FindsHeadersOfTheHostBeyondTheBorder)
@@ -139,6 +158,16 @@ TEST(LayersCheck, FindsRoomsOfThePluginThatKnowTooMuch)
                             "src/exporter/options/Presets.cpp includes src/exporter/walk/ExportCore.h",
                             "src/exporter/walk/SceneWalk.h includes src/exporter/geometry/MeshExport.h",
                             "src/max/Node.h includes src/VKT/node/Base.h"));
+}
+
+TEST(LayersCheck, FindsRoomsOfTheHeadlessHostThatKnowTooMuch)
+{
+    Files files = ReadFiles(VKT_SOURCE_ROOT, {"host", "sdk"});
+    files["host/core/Scene.cpp"] += "#include \"host/controllers/PRSController.h\"\n";
+    files["host/objects/Objects.cpp"] += "#include \"host/materials/Materials.h\"\n";
+    EXPECT_THAT(Check(files, kHostRooms, {}),
+                ElementsAre("host/core/Scene.cpp includes host/controllers/PRSController.h",
+                            "host/objects/Objects.cpp includes host/materials/Materials.h"));
 }
 
 TEST(LayersCheck, FindsAnIncludeThatPointsUp)
