@@ -65,16 +65,12 @@ void PRSController::GetValue(TimeValue t, void* val, Interval& valid, GetSetMeth
             part->GetValue(t, &tm, valid, CTRL_RELATIVE);
 }
 
-void PRSController::SetValue(TimeValue t, void* val, int commit, GetSetMethod method)
+void PRSController::SetValue(TimeValue t, void* val, int commit, GetSetMethod)
 {
-    Matrix3 local = *static_cast<Matrix3*>(val);
-    if (method == CTRL_RELATIVE) {
-        Interval valid = FOREVER;
-        Matrix3 current;
-        GetValue(t, &current, valid, CTRL_ABSOLUTE);
-        local = local * current;
-    }
-    AffineParts parts = TakeApart(local);
+    const SetXFormPacket& packet = *static_cast<SetXFormPacket*>(val);
+    if (packet.command != XFORM_SET)
+        return;
+    AffineParts parts = TakeApart(packet.tmAxis * Inverse(packet.tmParent));
     if (m_Position)
         m_Position->SetValue(t, &parts.position, commit, CTRL_ABSOLUTE);
     if (m_Rotation)

@@ -33,6 +33,7 @@ public:
     BOOL SetScaleController(Control* controller) override;
 
     void GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod method) override;
+    // Only puts the node somewhere; it is not moved, turned or scaled by steps.
     void SetValue(TimeValue t, void* val, int commit, GetSetMethod method) override;
 
 private:

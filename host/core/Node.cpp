@@ -99,8 +99,8 @@ void Node::SetNodeTM(TimeValue t, Matrix3& tm)
 {
     if (!m_Controller)
         return;
-    Matrix3 local = tm * Inverse(GetParentTM(t));
-    m_Controller->SetValue(t, &local);
+    SetXFormPacket packet(tm, GetParentTM(t));
+    m_Controller->SetValue(t, &packet);
 }
 
 Matrix3 Node::GetObjectTM(TimeValue t, Interval* valid)

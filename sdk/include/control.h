@@ -19,8 +19,32 @@ public:
 // On the left: tm = Inverse(Mq) * S * Mq * tm.
 CoreExport void ApplyScaling(Matrix3& m, const ScaleValue& v);
 
+#define XFORM_MOVE 0
+#define XFORM_ROTATE 1
+#define XFORM_SCALE 2
+#define XFORM_SET 3
+
+// What a transform controller is to do to its node.
+class SetXFormPacket {
+public:
+    DWORD command;
+    Matrix3 tmParent;
+    Matrix3 tmAxis;
+    Point3 p;
+    Quat q;
+    AngAxis aa;
+    BOOL localOrigin = FALSE;
+
+    // Puts the node at `world`.
+    SetXFormPacket(const Matrix3& world, const Matrix3& parent = Matrix3(TRUE))
+        : command(XFORM_SET), tmParent(parent), tmAxis(world), p(0, 0, 0), aa(Point3(0, 0, 0), 0.0f)
+    {
+    }
+};
+
 // A value over time. `val` points at what the super class says: float; Point3 for
-// point3 and position; Quat; ScaleValue; Matrix3. Read relative, a controller works
+// point3 and position; Quat; ScaleValue; Matrix3. A transform is set by a
+// SetXFormPacket instead, never by a matrix, and whatever the method. Read relative, a controller works
 // on what `val` holds: a float is added to, a matrix gets the transform on its left
 // (then `val` is a Matrix3 for position, rotation and scale, too).
 class CoreExport Control : public ReferenceTarget {

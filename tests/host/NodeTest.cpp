@@ -148,6 +148,23 @@ TEST_F(NodeTest, AChangeReachesWhatWasEvaluatedBelow)
     ExpectNear(bottom->GetNodeTM(0).GetTrans(), Point3(0, 7, 0));
 }
 
+TEST_F(NodeTest, ATransformControllerIsSetByAPacketWhateverTheMethod)
+{
+    INode* parent = MakeNode("parent");
+    maxhost::SetPosition(*parent, Point3(5, 0, 0));
+    INode* child = MakeNode("child", nullptr, parent);
+    const Matrix3 world = RotateZMatrix(0.5f) * TransMatrix(Point3(1, 2, 3));
+    for (const GetSetMethod method : {CTRL_ABSOLUTE, CTRL_RELATIVE}) {
+        SetXFormPacket packet(world, parent->GetNodeTM(0));
+        EXPECT_EQ(packet.command, static_cast<DWORD>(XFORM_SET));
+        child->GetTMController()->SetValue(0, &packet, 1, method);
+        ExpectNear(child->GetNodeTM(0), world);
+    }
+    SetXFormPacket local(TransMatrix(Point3(1, 0, 0)));
+    child->GetTMController()->SetValue(0, &local);
+    ExpectNear(child->GetNodeTM(0).GetTrans(), Point3(6, 0, 0));
+}
+
 TEST_F(NodeTest, AttachingKeepsTheWorldMatrixOnRequest)
 {
     INode* parent = MakeNode("parent");
