@@ -1,7 +1,9 @@
 #include "VKT/base/Logger.h"
 
 #include <cstdarg>
+#include <cstddef>
 #include <cstdio>
+#include <new>
 
 namespace VKT {
 
@@ -56,8 +58,10 @@ const char* GetLogPrefix(XLogLevel level)
 
 XLogger* GetLogger()
 {
-    // Never destroyed: destructors of static objects may still log.
-    static XLogger* const defaultLogger = new XLogger;
+    // Never destroyed: destructors of static objects may still log. It takes no memory of the heap,
+    // since a module that is unloaded would leave that behind.
+    alignas(XLogger) static std::byte memory[sizeof(XLogger)];
+    static XLogger* const defaultLogger = new (memory) XLogger;
     return installedLogger ? installedLogger : defaultLogger;
 }
 

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "VKT/base/Lists.h"
+#include "VKT/support/Sanitizers.h"
 
 namespace VKT {
 namespace {
@@ -64,7 +65,7 @@ TEST_F(AllocatorTest, TheDefaultTakesBackNullAndAnswersNullWhenMemoryIsOut)
 {
     XAllocator* allocator = XGetAllocator();
     allocator->Free(nullptr);
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VKT_ADDRESS_SANITIZER
     GTEST_SKIP() << "the sanitizer ends the program instead";
 #endif
     EXPECT_EQ(allocator->Allocate(std::size_t{1} << 62), nullptr);

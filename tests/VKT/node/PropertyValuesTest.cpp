@@ -294,7 +294,8 @@ TEST_F(PropertyValues, WhatIsSetComesBackAndNothingElseChanges)
         m_Next = 100;  // some numbers are held as bytes
         XBase* const node = m_Model.CreateNode(info->GetType());
         std::vector<VocabularyRow> rows = ListAttributes(*info);
-        std::ranges::stable_partition(rows, [](const VocabularyRow& row) { return Holds(kLengths, row); });
+        std::stable_partition(rows.begin(), rows.end(),
+                              [](const VocabularyRow& row) { return Holds(kLengths, row); });
         for (std::size_t i = 0; i < rows.size(); ++i) {
             if (IsReadOnly(rows[i]))
                 continue;
@@ -449,7 +450,8 @@ TEST_F(PropertyValues, ListsOfAnotherLengthAreRefused)
         m_Model.SetName(node, "it");
         const XNodeProperties& properties = *node->GetNodeProperties();
         std::vector<VocabularyRow> rows = ListAttributes(*XFnFindByName(XFnTypeName(type)));
-        std::ranges::stable_partition(rows, [](const VocabularyRow& row) { return Holds(kLengths, row); });
+        std::stable_partition(rows.begin(), rows.end(),
+                              [](const VocabularyRow& row) { return Holds(kLengths, row); });
         for (const VocabularyRow& row : rows) {
             if (!IsReadOnly(row))
                 SetValue(properties, node, row.id, NewValue(node, row));

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <new>
 
+#include "VKT/support/Sanitizers.h"
+
 namespace VKT::Test {
 namespace {
 
@@ -40,7 +42,7 @@ bool AllocationMeter::HasFailed() const
     return hasFailed;
 }
 
-#if !defined(__SANITIZE_ADDRESS__)
+#ifndef VKT_ADDRESS_SANITIZER
 namespace {
 
 // Stands in front of each block.
@@ -101,7 +103,7 @@ std::size_t Number(std::align_val_t alignment)
 
 }  // namespace VKT::Test
 
-#if !defined(__SANITIZE_ADDRESS__)
+#ifndef VKT_ADDRESS_SANITIZER
 using namespace VKT::Test;
 
 // clang-format off

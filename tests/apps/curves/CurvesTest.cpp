@@ -48,7 +48,17 @@ protected:
                     Take("walk", 2, {AnimatedNode(1, {Animated(attribute, elements, streams)})}));
     }
 
-    static Texts Lines(const std::string& svg) { return FindAll(svg, "<polyline points=\"([^\"]*)\""); }
+    // The points of all lines. They are longer than a regular expression has stack for.
+    static Texts Lines(const std::string& svg)
+    {
+        const std::string before = "<polyline points=\"";
+        Texts out;
+        for (std::size_t at = svg.find(before); at != svg.npos; at = svg.find(before, at)) {
+            at += before.size();
+            out.push_back(svg.substr(at, svg.find('"', at) - at));
+        }
+        return out;
+    }
     static Texts Titles(const std::string& svg)
     {
         return FindAll(svg, "font-size=\"13\" font-weight=\"bold\">([^<]*)<");
