@@ -3,7 +3,9 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 preset=${1:-release}
-scripts/setup.sh
+compiler=()
+[ "$preset" != asan ] || compiler=(clang libclang-rt-14-dev)  # with its sanitizers
+scripts/setup.sh "${compiler[@]}"
 cmake --preset "$preset" ${VKT_CMAKE_ARGS:-} >/dev/null
 cmake --build --preset "$preset"
 ctest --preset "$preset" -j "$(nproc)"
