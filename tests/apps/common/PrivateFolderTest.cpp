@@ -59,8 +59,18 @@ protected:
         posix_spawn_file_actions_adddup2(&actions, m_Messages[1], STDERR_FILENO);
         posix_spawn_file_actions_addclose(&actions, m_Messages[0]);
         posix_spawn_file_actions_addclose(&actions, m_Messages[1]);
+        // Whoever runs the tests in the background may ignore them.
+        posix_spawnattr_t attributes;
+        posix_spawnattr_init(&attributes);
+        sigset_t heeded;
+        sigemptyset(&heeded);
+        for (const int number : {SIGINT, SIGTERM, SIGHUP})
+            sigaddset(&heeded, number);
+        posix_spawnattr_setsigdefault(&attributes, &heeded);
+        posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
         pid_t child = -1;
-        EXPECT_EQ(posix_spawn(&child, shell.c_str(), &actions, nullptr, arguments, environ), 0);
+        EXPECT_EQ(posix_spawn(&child, shell.c_str(), &actions, &attributes, arguments, environ), 0);
+        posix_spawnattr_destroy(&attributes);
         posix_spawn_file_actions_destroy(&actions);
         for (int i = 0; i < 6000 && Count("") == 0; ++i)
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
