@@ -13,13 +13,13 @@
 
 #include "VKT/support/LogCatcher.h"
 #include "VKT/support/TestModel.h"
-#include "plugin/MaxExporter.h"
 #include "exporter/options/ExportOptions.h"
 #include "exporter/walk/BindPose.h"
 #include "exporter/walk/SceneWalk.h"
 #include "host/app/HeadlessHost.h"
 #include "host/io/BuildScene.h"
 #include "host/io/SceneReader.h"
+#include "plugin/MaxExporter.h"
 #include "scenes/WorldPositions.h"
 
 namespace {
